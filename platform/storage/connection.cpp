@@ -1,0 +1,196 @@
+#include "platform/storage/connection.h"
+
+#include "platform/storage/dberror.h"
+#include "platform/storage/errors.h"
+#include "platform/storage/textrules.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace hb::storage {
+
+Connection::~Connection()
+{
+    close();
+}
+
+void Connection::requireOpen() const
+{
+    if (!db)
+        throw engineError(3420);
+}
+
+void Connection::close()
+{
+    if (!db)
+        return;
+    while (sqlite3_stmt* stmt = sqlite3_next_stmt(db, nullptr))
+        sqlite3_finalize(stmt);
+    sqlite3_exec(db, "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr);
+    sqlite3_close(db);
+    db = nullptr;
+}
+
+namespace {
+
+void configure(Connection& connection, OpenMode mode)
+{
+    registerTextRules(connection.db);
+    sqlite3_busy_timeout(connection.db, 5000);
+    if (mode == OpenMode::ReadOnly) {
+        run(connection, QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    } else {
+        run(connection, QStringLiteral("PRAGMA journal_mode=WAL"));
+        run(connection, QStringLiteral("PRAGMA synchronous=NORMAL"));
+    }
+    run(connection, QStringLiteral("PRAGMA foreign_keys=ON"));
+}
+
+}  // namespace
+
+std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode)
+{
+    const QFileInfo info(path);
+    if (mode == OpenMode::Create && info.exists())
+        throw engineError(3204);
+    if (mode != OpenMode::Create && !info.isFile())
+        throw engineError(3024, {path});
+    // SQLite takes an empty file for an empty database; the engine does not.
+    if (mode != OpenMode::Create && info.size() == 0)
+        throw engineError(3343, {path});
+
+    auto connection = std::make_shared<Connection>();
+    connection->path = path;
+    int flags = SQLITE_OPEN_NOMUTEX;
+    flags |= mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    if (mode == OpenMode::Create)
+        flags |= SQLITE_OPEN_CREATE;
+    const int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &connection->db, flags, nullptr);
+    if (rc != SQLITE_OK) {
+        const QString message = QString::fromUtf8(sqlite3_errmsg(connection->db));
+        sqlite3_close(connection->db);
+        connection->db = nullptr;
+        if (rc == SQLITE_CANTOPEN)
+            throw engineError(3051, {path});
+        throw engineError(3000, {QString::number(rc), message});
+    }
+    sqlite3_extended_result_codes(connection->db, 1);
+    try {
+        configure(*connection, mode);
+    } catch (const DbError&) {
+        connection->close();
+        throw;
+    }
+    return connection;
+}
+
+Statement::Statement(Connection& connection, const QString& sql) : m_connection(&connection), m_sql(sql)
+{
+    connection.requireOpen();
+    const QByteArray text = sql.toUtf8();
+    const char* tail = nullptr;
+    const int rc = sqlite3_prepare_v2(connection.db, text.constData(), int(text.size()), &m_stmt, &tail);
+    if (rc != SQLITE_OK)
+        throw sqliteError(connection, rc, sql);
+    if (!m_stmt)  // nothing but blanks or comments
+        throw engineError(3129, {}, sql);
+    for (; tail && *tail; ++tail) {
+        if (*tail != ';' && !QChar::isSpace(static_cast<unsigned char>(*tail))) {
+            m_trailing = true;
+            break;
+        }
+    }
+}
+
+Statement::~Statement()
+{
+    finalize();
+}
+
+void Statement::finalize()
+{
+    if (m_stmt && m_connection->isOpen())
+        sqlite3_finalize(m_stmt);
+    m_stmt = nullptr;
+}
+
+bool Statement::step()
+{
+    m_connection->requireOpen();
+    const int rc = sqlite3_step(m_stmt);
+    if (rc == SQLITE_ROW)
+        return true;
+    if (rc == SQLITE_DONE)
+        return false;
+    // The failure is read before the reset, which returns the statement to
+    // its start; the error is built after it, when the table is free again.
+    const QString message = QString::fromUtf8(sqlite3_errmsg(m_connection->db));
+    sqlite3_reset(m_stmt);
+    throw sqliteError(*m_connection, rc, m_sql, message);
+}
+
+void Statement::bind(int index, const QVariant& stored)
+{
+    switch (stored.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        sqlite3_bind_int64(m_stmt, index, stored.toLongLong());
+        break;
+    case QMetaType::Double:
+        sqlite3_bind_double(m_stmt, index, stored.toDouble());
+        break;
+    case QMetaType::QString: {
+        const QByteArray text = stored.toString().toUtf8();
+        sqlite3_bind_text(m_stmt, index, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+        break;
+    }
+    default:
+        sqlite3_bind_null(m_stmt, index);
+    }
+}
+
+QString Statement::text(int column) const
+{
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(m_stmt, column)),
+                             sqlite3_column_bytes(m_stmt, column));
+}
+
+qint64 Statement::integer(int column) const
+{
+    return sqlite3_column_int64(m_stmt, column);
+}
+
+void run(Connection& connection, const QString& sql)
+{
+    Statement statement(connection, sql);
+    while (statement.step()) {
+    }
+}
+
+QString quoted(const QString& name)
+{
+    QString inner = name;
+    inner.replace(QLatin1Char('"'), QLatin1String("\"\""));
+    return QLatin1Char('"') + inner + QLatin1Char('"');
+}
+
+QString unquoted(const QString& token)
+{
+    const QString t = token.trimmed();
+    if (t.size() >= 2 && t.front() == u'[' && t.back() == u']')
+        return t.mid(1, t.size() - 2);
+    if (t.size() >= 2 && (t.front() == u'"' || t.front() == u'`') && t.back() == t.front())
+        return t.mid(1, t.size() - 2).replace(QString(2, t.front()), QString(t.front()));
+    return t;
+}
+
+QString literal(const QString& text)
+{
+    QString inner = text;
+    inner.replace(QLatin1Char('\''), QLatin1String("''"));
+    return QLatin1Char('\'') + inner + QLatin1Char('\'');
+}
+
+}  // namespace hb::storage

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace hb::storage {
+
+// One open SQLite file. Database handles and their recordsets share it; once
+// closed it stays closed, and every later use is error 3420.
+struct Connection {
+    sqlite3* db = nullptr;
+    QString path;
+
+    Connection() = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection();
+
+    bool isOpen() const { return db != nullptr; }
+    void requireOpen() const;
+    // Finalizes every statement still prepared, folds the WAL back into the
+    // file and closes it, so that the file is whole on its own.
+    void close();
+};
+
+enum class OpenMode { Existing, ReadOnly, Create };
+
+// The file with the engine's text rules, WAL, synchronous=NORMAL and
+// enforced foreign keys. Throws DbError 3024, 3343 or 3204.
+std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode);
+
+// A prepared statement. It leaves finalizing to Connection::close() once the
+// connection is gone.
+class Statement {
+public:
+    Statement(Connection& connection, const QString& sql);
+    ~Statement();
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+
+    sqlite3_stmt* handle() const { return m_stmt; }
+    const QString& sql() const { return m_sql; }
+    bool hasTrailingText() const { return m_trailing; }
+
+    // True for a row, false when done; a failure throws the engine's error.
+    bool step();
+    void finalize();
+    // Binds the stored form of a value: qint64, double, QString or null.
+    void bind(int index, const QVariant& stored);
+    QString text(int column) const;
+    qint64 integer(int column) const;
+
+private:
+    Connection* m_connection;
+    sqlite3_stmt* m_stmt = nullptr;
+    QString m_sql;
+    bool m_trailing = false;
+};
+
+// Runs one statement to its end.
+void run(Connection& connection, const QString& sql);
+
+// SQL identifier quoting: "name" with inner quotes doubled.
+QString quoted(const QString& name);
+// A name as SQL text spells it, [bracketed], "quoted" or bare, without the quoting.
+QString unquoted(const QString& token);
+// A text as an SQL string literal.
+QString literal(const QString& text);
+
+}  // namespace hb::storage

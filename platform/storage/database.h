@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/storage/dberror.h"
+#include "platform/storage/fielddef.h"
+#include "platform/storage/recordset.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+namespace hb::storage {
+struct Connection;
+}
+
+// A database file. A cheap shared handle: copies refer to one connection, and
+// closing one closes it for all.
+class Database {
+public:
+    Database();  // not open
+
+    // Opens an existing file: a missing one is 3024, one that is no database
+    // 3343. There are no passwords in this engine: the connect string
+    // (";pwd=...") is accepted and ignored, as is the exclusive flag.
+    static Database open(const QString& path, bool exclusive = false, bool readOnly = false,
+                         const QString& connect = {});
+    // A new empty database file; 3204 when the file exists.
+    static Database create(const QString& path);
+
+    bool isOpen() const;
+    QString path() const;
+    // Further use of this or any copy of the handle is error 3420.
+    void close();
+
+    // An action query in the engine's SQL.
+    void execute(const QString& sql);
+    // Always a dynaset.
+    Recordset openRecordset(const QString& tableNameOrSql);
+
+    QStringList tableNames() const;
+    std::optional<TableDef> tableDef(const QString& name) const;  // read back from the file
+    void createTable(const TableDef& def);
+    void appendField(const QString& table, const FieldDef& field);
+
+    // Compacts a closed database file into target: written beside the target
+    // and renamed over it, so the target is replaced atomically. Fails with
+    // DbError when the source is missing or not a database.
+    static void compact(const QString& source, const QString& target);
+
+private:
+    explicit Database(std::shared_ptr<hb::storage::Connection> connection);
+    hb::storage::Connection& connection() const;
+
+    std::shared_ptr<hb::storage::Connection> m_connection;
+};

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/storage/connection.h"
+#include "platform/storage/fielddef.h"
+#include "platform/storage/recordset.h"
+#include "platform/storage/recordsetsource.h"
+#include "platform/storage/rowsort.h"
+#include "platform/storage/rowstore.h"
+
+#include <QHash>
+#include <QList>
+
+#include <optional>
+#include <vector>
+
+namespace hb::storage {
+
+struct RecordsetColumn {
+    QString name;    // as the recordset shows it
+    QString origin;  // the table column it reads, when it reads one
+    QString declared;
+    std::optional<FieldType> type;  // none for a computed column
+};
+
+}  // namespace hb::storage
+
+// The state behind a Recordset: recordsetopen.cpp prepares it, recordset.cpp
+// reads and moves, recordsetwrite.cpp writes and finds.
+class Recordset::Impl {
+public:
+    Impl(std::shared_ptr<hb::storage::Connection> connection, const QString& tableNameOrSql);
+
+    enum class Mode { None, Edit, AddNew };
+
+    void requireOpen() const { connection->requireOpen(); }
+    void requireCurrent() const;
+    void requireWritable() const;
+    void requireEditing() const;
+    int column(const QString& name) const;
+    void fetch();
+    void moveTo(int row);
+    int nextLive(int from) const;
+    QVariant present(int row, int column) const;
+    QVariant presentStored(int column, const QVariant& stored) const;
+
+    // recordsetwrite.cpp
+    qint64 write();
+    void refresh(int row, qint64 rowid);
+    void removeCurrent();
+    std::unique_ptr<hb::storage::Statement> prepareCriteria(const QString& criteria);
+
+    std::shared_ptr<hb::storage::Connection> connection;
+    QString given;  // the table name or SQL as opened
+    hb::storage::RecordsetSource source;
+    std::unique_ptr<hb::storage::Statement> query;  // until the rows are fetched
+    QList<hb::storage::RecordsetColumn> columns;
+    // Case-folded names, also "table.field"; spellings once looked up join them.
+    mutable QHash<QString, int> byName;
+    std::vector<hb::storage::SortKey> sortKeys;  // the ORDER BY done in memory
+    int first = 0;               // 1 when the query's column 0 is the rowid
+    hb::storage::RowStore rows;
+    bool fetched = false;
+    int position = 0;
+    bool onDeleted = false;
+    bool noMatch = false;
+    Mode mode = Mode::None;
+    QHash<int, QVariant> buffer;  // stored form, by column
+
+private:
+    void open();
+    bool prepare(const QString& sql);
+    bool readsTableColumns() const;
+    void describeColumns();
+    bool resolveSortKeys();
+    QString columnList(const QList<int>& indexes) const;
+    QString writeSql(const QList<int>& indexes) const;
+    QString criteriaSql(const QString& criteria) const;
+};

@@ -1,0 +1,122 @@
+#include "platform/storage/errors.h"
+#include "platform/storage/fieldtypes.h"
+#include "platform/storage/recordsetimpl.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+using hb::storage::Connection;
+using hb::storage::engineError;
+using hb::storage::RowStore;
+using hb::storage::Statement;
+
+namespace {
+
+QString columnText(const char* text)
+{
+    return text ? QString::fromUtf8(text) : QString();
+}
+
+}  // namespace
+
+// Errors name the SQL as the caller gave it, not as it runs.
+Recordset::Impl::Impl(std::shared_ptr<Connection> connection_, const QString& tableNameOrSql)
+    : connection(std::move(connection_)), given(tableNameOrSql)
+{
+    try {
+        open();
+    } catch (const DbError& error) {
+        throw DbError(error.number(), error.description(), given);
+    }
+}
+
+void Recordset::Impl::open()
+{
+    source = hb::storage::planRecordset(*connection, given);
+    bool sortsInMemory = false;
+    if (!source.order.isEmpty() && prepare(source.unsortedSql)) {
+        describeColumns();
+        sortsInMemory = resolveSortKeys();
+    }
+    if (!sortsInMemory) {
+        sortKeys.clear();
+        if (!prepare(source.sql)) {
+            source = {given, {}, {}, {}};
+            prepare(source.sql);
+        }
+        describeColumns();
+    }
+    rows = RowStore(int(columns.size()));
+}
+
+// False when the SQL was meant to write to a table but reads other columns.
+bool Recordset::Impl::prepare(const QString& sql)
+{
+    query = std::make_unique<Statement>(*connection, sql);
+    if (query->hasTrailingText())
+        throw engineError(3142, {}, sql);
+    first = source.table.isEmpty() ? 0 : 1;
+    return source.table.isEmpty() || readsTableColumns();
+}
+
+// Plain names in the select list may still come from elsewhere (a subquery).
+bool Recordset::Impl::readsTableColumns() const
+{
+    sqlite3_stmt* stmt = query->handle();
+    for (int i = 1; i < sqlite3_column_count(stmt); ++i) {
+        const QString table = columnText(sqlite3_column_table_name(stmt, i));
+        if (table.compare(source.table, Qt::CaseInsensitive) != 0 || !sqlite3_column_origin_name(stmt, i))
+            return false;
+    }
+    return true;
+}
+
+void Recordset::Impl::describeColumns()
+{
+    columns.clear();
+    byName.clear();
+    sqlite3_stmt* stmt = query->handle();
+    for (int i = first; i < sqlite3_column_count(stmt); ++i) {
+        hb::storage::RecordsetColumn column;
+        column.name = columnText(sqlite3_column_name(stmt, i));
+        column.origin = columnText(sqlite3_column_origin_name(stmt, i));
+        column.declared = columnText(sqlite3_column_decltype(stmt, i));
+        if (!column.declared.isEmpty())
+            column.type = hb::storage::fieldTypeOf(column.declared);
+        const int index = int(columns.size());
+        const QString table = columnText(sqlite3_column_table_name(stmt, i));
+        if (!table.isEmpty() && !column.origin.isEmpty()) {
+            const QString qualified = (table + QLatin1Char('.') + column.origin).toCaseFolded();
+            if (!byName.contains(qualified))
+                byName.insert(qualified, index);
+        }
+        columns << column;
+    }
+    // With two columns of one name, the first answers to it.
+    for (int i = int(columns.size()) - 1; i >= 0; --i)
+        byName.insert(columns[i].name.toCaseFolded(), i);
+}
+
+// Each ORDER BY term must be a column the recordset holds, of a collation
+// that sortRows() knows.
+bool Recordset::Impl::resolveSortKeys()
+{
+    for (const hb::storage::RecordsetSource::SortTerm& term : source.order) {
+        const auto column = std::find_if(columns.cbegin(), columns.cend(), [&](const auto& c) {
+            return c.origin.compare(term.name, Qt::CaseInsensitive) == 0;
+        });
+        const char* collation = nullptr;
+        if (column == columns.cend()
+            || sqlite3_table_column_metadata(connection->db, nullptr, source.table.toUtf8().constData(),
+                                             column->origin.toUtf8().constData(), nullptr, &collation, nullptr,
+                                             nullptr, nullptr) != SQLITE_OK)
+            return false;
+        const QByteArray name(collation);
+        if (name.compare("NOCASE", Qt::CaseInsensitive) != 0 && name.compare("BINARY", Qt::CaseInsensitive) != 0)
+            return false;
+        sortKeys.push_back({int(column - columns.cbegin()), term.descending,
+                            name.compare("NOCASE", Qt::CaseInsensitive) == 0});
+    }
+    return true;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/storage/dberror.h"
+#include "platform/storage/fielddef.h"
+
+#include <QStringList>
+
+#include <optional>
+
+namespace hb::storage {
+
+struct Connection;
+
+// The table's name as the file spells it; empty when there is none.
+QString resolveTable(Connection& connection, const QString& name);
+QStringList tableNames(Connection& connection);
+std::optional<TableDef> readTableDef(Connection& connection, const QString& name);
+
+// Tables in SQLite for the engine's definitions: declared types a person can
+// read, NOCASE on text, rules on text in named CHECK constraints, required
+// fields in triggers (so that a field can be required from now on in a table
+// that has rows), index names prefixed with their table, relations as
+// foreign keys.
+void createTable(Connection& connection, const TableDef& def);
+void appendField(Connection& connection, const QString& table, const FieldDef& field);
+
+// The names the rules carry, by which a failure finds its way back to its
+// field (see errors.cpp).
+QString zeroLengthRuleName(const QString& table, const QString& field);
+QString sizeRuleName(const QString& table, const QString& field);
+QString requiredTriggerName(const QString& table, const QString& field, bool onInsert);
+
+// 3201 or 3200 for a statement that a foreign key refused, by the table it
+// writes to.
+DbError foreignKeyError(Connection& connection, const QString& sql);
+
+}  // namespace hb::storage

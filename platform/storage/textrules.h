@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <vector>
+
+struct sqlite3;
+
+// How the engine compares and matches text: without regard to case, also
+// beyond ASCII, and with the wildcards of the engine's own "like".
+namespace hb::storage {
+
+// The code point at text[*at], moving *at past it. A byte that starts no
+// valid sequence stands for itself.
+char32_t decodeUtf8(const unsigned char* text, int size, int* at);
+
+// Orders two UTF-8 texts by their case-folded characters, as
+// QString::compare(..., Qt::CaseInsensitive) does, without decoding them
+// into strings: it runs on every comparison of a sort.
+int compareNoCase(const char* a, int aSize, const char* b, int bSize);
+
+// A "like" pattern: "*" any text, "?" one character, "#" one digit, and the
+// lists "[abc]", "[!abc]", "[a-z]". A list or the escape character makes any
+// wildcard literal.
+class LikePattern {
+public:
+    explicit LikePattern(QStringView pattern, QChar escape = QChar());
+
+    bool matches(QStringView text) const;
+    // The same for text known to be ASCII, without decoding it.
+    bool matchesAscii(const char* text, int size) const;
+
+    QChar escape() const { return m_escape; }
+
+private:
+    enum class Kind : unsigned char { Star, One, Digit, Literal, List };
+    struct Token {
+        Kind kind;
+        bool negated = false;
+        char16_t folded = 0;    // Literal
+        int first = 0, count = 0;  // List: its ranges in m_ranges
+    };
+    struct Range {
+        char16_t low, high, foldedLow, foldedHigh;
+    };
+
+    int parseList(QStringView pattern, int open);
+    template <typename Text> bool matchText(const Text& text, int size) const;
+    bool matchesOne(const Token& token, char16_t c) const;
+
+    std::vector<Token> m_tokens;
+    std::vector<Range> m_ranges;
+    QChar m_escape;
+};
+
+// Installs NOCASE and like() in the connection; both replace SQLite's own,
+// which know case only in ASCII and have other wildcards.
+void registerTextRules(sqlite3* db);
+
+}  // namespace hb::storage

@@ -1,0 +1,162 @@
+#include "platform/ui/listbox.h"
+
+#include <QItemSelectionModel>
+#include <algorithm>
+
+namespace hb::ui {
+
+class ListBoxModel : public QAbstractListModel {
+public:
+    struct Item {
+        QString text;
+        int data = 0;
+    };
+    QVector<Item> items;
+
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : items.size(); }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        if (!index.isValid() || index.row() >= items.size())
+            return {};
+        if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+            return items.at(index.row()).text;
+        if (role == Qt::UserRole)
+            return items.at(index.row()).data;
+        return {};
+    }
+    void insert(int row, Item item)
+    {
+        beginInsertRows({}, row, row);
+        items.insert(row, std::move(item));
+        endInsertRows();
+    }
+    void remove(int row)
+    {
+        beginRemoveRows({}, row, row);
+        items.remove(row);
+        endRemoveRows();
+    }
+    void clear()
+    {
+        beginResetModel();
+        items.clear();
+        endResetModel();
+    }
+};
+
+ListBox::ListBox(QWidget* parent, bool sorted, Selection selection)
+    : QListView(parent), model_(new ListBoxModel), sorted_(sorted)
+{
+    model_->setParent(this);
+    setModel(model_);
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(selection == Multi ? MultiSelection : SingleSelection);
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) { onCurrentChanged(current); });
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { onSelectionChanged(); });
+    connect(this, &QListView::doubleClicked, this, [this] { emit doubleClick(); });
+}
+
+int ListBox::addItem(const QString& text, int itemData)
+{
+    int row = model_->items.size();
+    if (sorted_) {
+        auto at = std::upper_bound(model_->items.cbegin(), model_->items.cend(), text,
+                                   [](const QString& t, const ListBoxModel::Item& item) {
+                                       return t.compare(item.text, Qt::CaseInsensitive) < 0;
+                                   });
+        row = int(at - model_->items.cbegin());
+    }
+    model_->insert(row, {text, itemData});
+    newIndex_ = row;
+    return row;
+}
+
+void ListBox::removeItem(int index)
+{
+    if (index >= 0 && index < listCount())
+        model_->remove(index);
+}
+
+void ListBox::clearList()
+{
+    ++raising_;
+    model_->clear();
+    --raising_;
+    newIndex_ = -1;
+}
+
+int ListBox::listCount() const { return model_->items.size(); }
+
+QString ListBox::list(int index) const
+{
+    return index >= 0 && index < listCount() ? model_->items.at(index).text : QString();
+}
+
+int ListBox::itemData(int index) const { return index >= 0 && index < listCount() ? model_->items.at(index).data : 0; }
+
+void ListBox::setItemData(int index, int value)
+{
+    if (index >= 0 && index < listCount())
+        model_->items[index].data = value;
+}
+
+int ListBox::listIndex() const
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
+        return -1;
+    if (selectionMode() == SingleSelection && !selectionModel()->isSelected(current))
+        return -1;
+    return current.row();
+}
+
+void ListBox::setListIndex(int index)
+{
+    if (index < 0 || index >= listCount()) {
+        selectionModel()->clearCurrentIndex();
+        if (selectionMode() == SingleSelection)
+            selectionModel()->clearSelection();
+        return;
+    }
+    const auto flags = selectionMode() == SingleSelection ? QItemSelectionModel::ClearAndSelect
+                                                          : QItemSelectionModel::NoUpdate;
+    selectionModel()->setCurrentIndex(model_->index(index), flags);
+    scrollTo(model_->index(index));
+}
+
+bool ListBox::selected(int index) const
+{
+    return index >= 0 && index < listCount() && selectionModel()->isSelected(model_->index(index));
+}
+
+void ListBox::setSelected(int index, bool on)
+{
+    if (index < 0 || index >= listCount())
+        return;
+    if (selectionMode() == SingleSelection) {
+        if (on)
+            setListIndex(index);
+        else
+            selectionModel()->select(model_->index(index), QItemSelectionModel::Deselect);
+        return;
+    }
+    selectionModel()->select(model_->index(index), on ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
+}
+
+int ListBox::selectedCount() const { return selectionModel()->selectedIndexes().size(); }
+
+void ListBox::onCurrentChanged(const QModelIndex& current)
+{
+    if (raising_ == 0 && current.isValid() && selectionMode() == SingleSelection)
+        emit click();
+}
+
+void ListBox::onSelectionChanged()
+{
+    if (raising_ == 0 && selectionMode() == MultiSelection)
+        emit click();
+}
+
+} // namespace hb::ui

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QListView>
+#include <QVector>
+
+namespace hb::ui {
+
+class ListBoxModel;
+
+// A list of texts that keeps one number per item, as the program's lists do. A sorted list puts each new
+// item in its place by text without regard to case. Selecting an item, by the user or by code, raises
+// click() at once.
+class ListBox : public QListView {
+    Q_OBJECT
+public:
+    enum Selection { Single, Multi };
+    explicit ListBox(QWidget* parent = nullptr, bool sorted = false, Selection selection = Single);
+
+    int addItem(const QString& text, int itemData = 0);   // returns the new item's index
+    void removeItem(int index);
+    void clearList();
+    int listCount() const;
+    QString list(int index) const;
+    int itemData(int index) const;
+    void setItemData(int index, int value);
+    int newIndex() const { return newIndex_; }
+
+    int listIndex() const;                 // -1 when none
+    void setListIndex(int index);
+    bool selected(int index) const;
+    void setSelected(int index, bool on);
+    int selectedCount() const;
+
+signals:
+    void click();
+    void doubleClick();
+
+private:
+    void onCurrentChanged(const QModelIndex& current);
+    void onSelectionChanged();
+
+    ListBoxModel* model_;
+    bool sorted_;
+    int newIndex_ = -1;
+    int raising_ = 0;
+};
+
+} // namespace hb::ui

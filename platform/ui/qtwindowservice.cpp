@@ -1,0 +1,130 @@
+#include "platform/ui/qtwindowservice.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QMessageBox>
+#include <QPageSetupDialog>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QUrl>
+
+namespace hb::ui {
+
+namespace {
+
+QMessageBox::Icon iconOf(int style)
+{
+    switch (style & 0x70) {
+    case MsgIconQuestion: return QMessageBox::Question;
+    case MsgIconExclamation: return QMessageBox::Warning;
+    case MsgIconInformation: return QMessageBox::Information;
+    case 16: return QMessageBox::Critical;
+    default: return QMessageBox::NoIcon;
+    }
+}
+
+} // namespace
+
+int QtWindowService::message(const QString& text, int style, const QString& title)
+{
+    QMessageBox box(iconOf(style), title.isEmpty() ? QApplication::applicationDisplayName() : title, text,
+                    QMessageBox::NoButton, QApplication::activeWindow());
+    const bool secondDefault = style & MsgDefaultButton2;
+    QPushButton* second = nullptr;
+    switch (style & 0x7) {
+    case MsgOkCancelButtons:
+        box.addButton(QMessageBox::Ok);
+        second = box.addButton(QMessageBox::Cancel);
+        box.setEscapeButton(QMessageBox::Cancel);
+        break;
+    case MsgYesNoButtons:
+        box.addButton(QMessageBox::Yes);
+        second = box.addButton(QMessageBox::No);
+        break;
+    default:
+        box.addButton(QMessageBox::Ok);
+        break;
+    }
+    if (secondDefault && second)
+        box.setDefaultButton(second);
+    switch (box.exec()) {
+    case QMessageBox::Cancel: return AnswerCancel;
+    case QMessageBox::Yes: return AnswerYes;
+    case QMessageBox::No: return AnswerNo;
+    default: return AnswerOk;
+    }
+}
+
+void QtWindowService::showModal(QWidget& window)
+{
+    if (auto* dialog = qobject_cast<QDialog*>(&window)) {
+        dialog->exec();
+        return;
+    }
+    // A plain widget made modal: run a local loop until it hides or goes away.
+    QPointer<QWidget> guard(&window);
+    window.setWindowModality(Qt::ApplicationModal);
+    window.show();
+    QEventLoop loop;
+    while (guard && guard->isVisible())
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+QString QtWindowService::openFileName(const QString& caption, const QString& directory, const QString& filter)
+{
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), caption, directory, filter);
+}
+
+QString QtWindowService::saveFileName(const QString& caption, const QString& directory, const QString& filter)
+{
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), caption, directory, filter);
+}
+
+QString QtWindowService::directory(const QString& caption, const QString& start)
+{
+    return QFileDialog::getExistingDirectory(QApplication::activeWindow(), caption, start);
+}
+
+bool QtWindowService::chooseFont(QFont& font)
+{
+    bool ok = false;
+    const QFont chosen = QFontDialog::getFont(&ok, font, QApplication::activeWindow());
+    if (ok)
+        font = chosen;
+    return ok;
+}
+
+bool QtWindowService::choosePrinter(QPrinter& printer)
+{
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool QtWindowService::pageSetup(QPrinter& printer)
+{
+    QPageSetupDialog dialog(&printer, QApplication::activeWindow());
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool QtWindowService::openUrl(const QString& url)
+{
+    return QDesktopServices::openUrl(QUrl(url));
+}
+
+void QtWindowService::setBusy(bool busy)
+{
+    // Like a window's mouse pointer, the hourglass is either set or not: setting it twice needs one reset.
+    if (busy && !busy_)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else if (!busy && busy_)
+        QApplication::restoreOverrideCursor();
+    busy_ = busy;
+}
+
+} // namespace hb::ui

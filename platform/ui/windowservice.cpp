@@ -1,0 +1,23 @@
+#include "platform/ui/windowservice.h"
+
+#include "platform/ui/qtwindowservice.h"
+
+namespace hb::ui {
+
+namespace {
+std::unique_ptr<WindowService>& current()
+{
+    static std::unique_ptr<WindowService> service = std::make_unique<QtWindowService>();
+    return service;
+}
+} // namespace
+
+WindowService& windows() { return *current(); }
+
+std::unique_ptr<WindowService> setWindowService(std::unique_ptr<WindowService> service)
+{
+    std::swap(current(), service);
+    return service;
+}
+
+} // namespace hb::ui

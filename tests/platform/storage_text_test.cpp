@@ -1,0 +1,132 @@
+#include "platform/storage/textrules.h"
+#include "storage_fixture.h"
+
+namespace {
+
+using hb::storage::compareNoCase;
+using hb::storage::LikePattern;
+using namespace storagetest;
+
+int compare(const QString& a, const QString& b)
+{
+    const QByteArray ua = a.toUtf8(), ub = b.toUtf8();
+    return compareNoCase(ua.constData(), int(ua.size()), ub.constData(), int(ub.size()));
+}
+
+TEST(StorageCollation, EqualWithoutRegardToCaseAlsoBeyondAscii)
+{
+    EXPECT_EQ(compare("Smith", "SMITH"), 0);
+    EXPECT_EQ(compare("é", "É"), 0);
+    EXPECT_EQ(compare("Øster", "øSTER"), 0);
+    EXPECT_EQ(compare("Ångström", "åNGSTRÖM"), 0);
+}
+
+TEST(StorageCollation, OrdersAsQStringCompareWithoutCase)
+{
+    const QStringList words = {"apple", "Apple pie", "b", "_x", "Zebra", "zoo", "é", "Émile", "Øre", "øst",
+                               "ab", "aB1", "", "a", "Ä", "z"};
+    for (const QString& a : words) {
+        for (const QString& b : words) {
+            const int expected = a.compare(b, Qt::CaseInsensitive);
+            EXPECT_EQ(compare(a, b), expected < 0 ? -1 : (expected > 0 ? 1 : 0)) << a.toStdString() << " / "
+                                                                                  << b.toStdString();
+        }
+    }
+}
+
+struct LikeCase {
+    const char* pattern;
+    const char* text;
+    bool matches;
+};
+
+void PrintTo(const LikeCase& c, std::ostream* os)
+{
+    *os << c.pattern << " like " << c.text;
+}
+
+class StorageLike : public ::testing::TestWithParam<LikeCase> {};
+
+TEST_P(StorageLike, MatchesAsTheEnginesLike)
+{
+    const LikeCase& c = GetParam();
+    const LikePattern pattern(QString::fromUtf8(c.pattern));
+    const QString text = QString::fromUtf8(c.text);
+    EXPECT_EQ(pattern.matches(text), c.matches) << c.pattern << " like " << c.text;
+    const QByteArray utf8 = text.toUtf8();
+    if (utf8.size() == text.size())  // ASCII: the undecoded way must agree
+        EXPECT_EQ(pattern.matchesAscii(utf8.constData(), int(utf8.size())), c.matches) << c.pattern;
+}
+
+INSTANTIATE_TEST_SUITE_P(Wildcards, StorageLike, ::testing::Values(
+    LikeCase{"*ann*", "Joanne", true}, LikeCase{"*ann*", "ANNA", true}, LikeCase{"*ann*", "Jon", false},
+    LikeCase{"*", "", true}, LikeCase{"", "", true}, LikeCase{"", "a", false},
+    LikeCase{"a?c", "abc", true}, LikeCase{"a?c", "ac", false}, LikeCase{"a?c", "abbc", false},
+    LikeCase{"#", "7", true}, LikeCase{"#", "x", false}, LikeCase{"##-##", "12-34", true},
+    LikeCase{"[abc]x", "Bx", true}, LikeCase{"[abc]x", "dx", false},
+    LikeCase{"[!abc]x", "dx", true}, LikeCase{"[!abc]x", "ax", false},
+    LikeCase{"[a-f]*", "Delta", true}, LikeCase{"[a-f]*", "golf", false},
+    LikeCase{"[*]*", "*star", true}, LikeCase{"[*]*", "star", false},
+    LikeCase{"50%", "50%", true}, LikeCase{"50%", "500", false}, LikeCase{"a_b", "axb", false},
+    LikeCase{"*a*b*c", "xxaxxbxxbc", true}, LikeCase{"*a*b*c", "abcb", false},
+    LikeCase{"é*", "Émile", true}, LikeCase{"*ø*", "SØREN", true}, LikeCase{"[à-ê]", "É", true}));
+
+TEST(StorageLikeEscape, EscapedWildcardIsLiteral)
+{
+    const LikePattern pattern(QStringLiteral("100\\*"), QChar(u'\\'));
+    EXPECT_TRUE(pattern.matches(QStringLiteral("100*")));
+    EXPECT_FALSE(pattern.matches(QStringLiteral("1000")));
+}
+
+class StorageTextQueries : public StorageTest {
+protected:
+    void SetUp() override
+    {
+        StorageTest::SetUp();
+        addRoof(1, "émile", "Oslo");
+        addRoof(2, "Zoe", "Bergen");
+        addRoof(3, "Øre", "Tromsø");
+        addRoof(4, "adam", "Annecy");
+        addRoof(5, "Émile", "Lyon");
+        addRoof(6, "Berit", "ørsta");
+    }
+};
+
+TEST_F(StorageTextQueries, EqualsFindsOtherCaseBeyondAscii)
+{
+    EXPECT_EQ(count("select * from Roof where RoofName = 'ÉMILE'"), 2);
+    EXPECT_EQ(count("select * from Roof where City = 'TROMSØ'"), 1);
+    EXPECT_EQ(count("select * from Roof where RoofName = 'øre'"), 1);
+}
+
+TEST_F(StorageTextQueries, OrderByIgnoresCase)
+{
+    EXPECT_EQ(column("Select RoofName from Roof Order by RoofName, RoofNumber"),
+              QStringList({"adam", "Berit", "Zoe", "émile", "Émile", "Øre"}));
+    EXPECT_EQ(count("select * from Roof where RoofName < 'B'"), 1);
+}
+
+TEST_F(StorageTextQueries, LikeUsesTheEnginesWildcardsWithoutCase)
+{
+    EXPECT_EQ(column("select RoofName from Roof where City like 'ø*' order by RoofNumber"), QStringList({"Berit"}));
+    EXPECT_EQ(column("select RoofName from Roof where RoofName like '?MIL#'"), QStringList());
+    EXPECT_EQ(count("select * from Roof where RoofName like 'É*'"), 2);
+    EXPECT_EQ(count("select * from Roof where RoofName not like '*I*'"), 3);
+}
+
+TEST_F(StorageTextQueries, OrWithoutBlankAfterTheQuoteIsAccepted)
+{
+    EXPECT_EQ(column("Select * from Roof where RoofName like '*ann*'or City like '*ann*'"),
+              QStringList({"4"}));
+    EXPECT_EQ(column("Select * from Roof where RoofName like '*ZO*'or City like '*OSL*' Order by RoofNumber"),
+              QStringList({"1", "2"}));
+}
+
+TEST_F(StorageTextQueries, NullNeverMatchesLike)
+{
+    addRoof(7, "Nocity");
+    db.execute("update Roof set City = null where RoofNumber = 7");
+    EXPECT_EQ(count("select * from Roof where City like '*'"), 6);
+}
+
+}  // namespace
