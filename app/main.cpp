@@ -1,0 +1,12 @@
+#include "core/application.h"
+#include "core/frmmdi.h"
+
+int main(int argc, char** argv)
+{
+    hb::Application app(argc, argv);
+    hb::FrmMDI frame;
+    frame.show();
+    if (!hb::runGuarded(QStringLiteral("FrmMDI"), [&] { frame.MDIForm_Load(); }))
+        return 0;
+    return app.exec();
+}

@@ -1,0 +1,87 @@
+#include "core/errors.h"
+
+#include "core/session.h"
+#include "core/setup.h"
+#include "platform/storage/dberror.h"
+#include "platform/ui/windowservice.h"
+
+#include <QApplication>
+#include <QWidget>
+
+namespace hb {
+
+namespace {
+bool ended = false;
+}
+
+RuntimeError::RuntimeError(int number, QString description)
+    : number_(number), description_(std::move(description)), what_(description_.toStdString())
+{
+}
+
+ErrorInfo errorInfo(const std::exception& failure)
+{
+    if (auto* db = dynamic_cast<const DbError*>(&failure))
+        return {db->number(), db->description()};
+    if (auto* rt = dynamic_cast<const RuntimeError*>(&failure))
+        return {rt->number(), rt->description()};
+    return {5, QString::fromLocal8Bit(failure.what())};
+}
+
+QString errorReport(const QString& location, const ErrorInfo& info)
+{
+    return QStringLiteral("An internal error has been encountered.\n Location: %1\n Error: %2\n Text: %3\n\n"
+                          "Would you like to continue with the program?")
+        .arg(location)
+        .arg(info.number)
+        .arg(info.text);
+}
+
+bool StandardHandler::run(const std::function<void()>& step)
+{
+    try {
+        step();
+        return true;
+    } catch (const std::exception& failure) {
+        const int answer = ui::msgBox(errorReport(location_, errorInfo(failure)), ui::MsgYesNoButtons,
+                                      QStringLiteral("Error Handler"));
+        if (answer != ui::AnswerYes)
+            unloadFrame();
+        return false;
+    }
+}
+
+void reportUnhandled(const QString& location, const std::exception& failure)
+{
+    const ErrorInfo info = errorInfo(failure);
+    ui::msgBox(QStringLiteral("An internal error has been encountered.\n Location: %1\n Error: %2\n Text: %3\n\n"
+                              "The program will end now.")
+                   .arg(location)
+                   .arg(info.number)
+                   .arg(info.text),
+               ui::MsgOkOnly | ui::MsgIconExclamation, QStringLiteral("Error Handler"));
+    try {
+        endProcess();
+    } catch (const ProgramEnd&) {
+    }
+}
+
+void endProcess()
+{
+    if (DB.isOpen()) {
+        try {
+            DB.close();
+        } catch (...) {
+        }
+    }
+    ended = true;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        w->hide();
+    QCoreApplication::exit(0);
+    throw ProgramEnd{};
+}
+
+bool programEnded() { return ended; }
+void clearProgramEnded() { ended = false; }
+
+} // namespace hb

@@ -1,0 +1,58 @@
+#pragma once
+
+// The one error handling convention of the program, and how a run ends.
+
+#include <QString>
+#include <exception>
+#include <functional>
+
+namespace hb {
+
+// A run-time failure of the program's own code (the engine's failures are DbError).
+class RuntimeError : public std::exception {
+public:
+    RuntimeError(int number, QString description);
+    int number() const { return number_; }
+    QString description() const { return description_; }
+    const char* what() const noexcept override { return what_.c_str(); }
+
+private:
+    int number_;
+    QString description_;
+    std::string what_;
+};
+
+// Thrown to end the program: it unwinds to the event dispatch, which ends the process cleanly.
+struct ProgramEnd {};
+
+// The number and text of any failure that reaches a handler.
+struct ErrorInfo {
+    int number = 0;
+    QString text;
+};
+ErrorInfo errorInfo(const std::exception& failure);
+
+// "An internal error has been encountered." with location, error and text.
+QString errorReport(const QString& location, const ErrorInfo& info);
+
+// The standard handler of a routine: each step that fails shows the report; Yes goes on with the next
+// step, any other answer unloads the frame, which saves the settings and ends the program.
+class StandardHandler {
+public:
+    explicit StandardHandler(QString location) : location_(std::move(location)) {}
+    // Runs one statement under the handler. Returns false when it failed (and the user chose to go on).
+    bool run(const std::function<void()>& step);
+
+private:
+    QString location_;
+};
+
+// A failure that no routine handles: the report is shown and the program ends, with the database closed.
+void reportUnhandled(const QString& location, const std::exception& failure);
+
+// Ends the process: closes the database, leaves the event loop. Never returns.
+[[noreturn]] void endProcess();
+bool programEnded();           // for the tests and the main loop
+void clearProgramEnded();
+
+} // namespace hb

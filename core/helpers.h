@@ -1,0 +1,28 @@
+#pragma once
+
+// Shared routines of names, paths, links, help and the debug log.
+
+#include <QString>
+
+class QWidget;
+
+namespace hb {
+
+QString DayName(int weekday);          // 1 "Sunday" .. 7 "Saturday"
+QString OrdinalSuffix(int day);        // "st", "nd", "rd", "th"
+QString MonthName(int month);          // 1 "January" .. 12 "December", else "No Month"
+QString SplitPath(const QString& path, const QString& word);   // "dir", "name", "nameonly"
+bool IsEnvelopeStyle(const QString& name);
+// Opens a web or mail link with the desktop's handler.
+void WebPage(const QString& url);
+
+// The program's help, in the folder "help" beside the program: at the topic of a context number ("2380"),
+// or at its contents.
+void ShowHelpTopic(const QString& context);
+void ShowHelpContents();
+// Would empty the tool tips of a window's controls; switched off, so every window keeps its tips.
+void ClearToolTips(QWidget& form);
+// A progress line for the debug window, newest first.
+void DebugLog(const QString& text);
+
+} // namespace hb

@@ -1,0 +1,23 @@
+// Routes to windows that have not been built yet. Each goes when the file of its window defines it.
+
+#include "core/routes.h"
+
+namespace hb {
+
+void loadAddressReport() {}
+void printAddressReport() {}
+void addressReportPrinterSetup() {}
+void addressReportPreview() {}
+void showPageSetup() {}
+void showSelectPrinter() {}
+void showLabels() {}
+void labelsPrint() {}
+void printMailPiece() {}
+void mailPiecePageSetup() {}
+void reloadMailPiecePreview() {}
+void showBackup() {}
+void showImport() {}
+void showOptions() {}
+void showDialer() {}
+
+} // namespace hb

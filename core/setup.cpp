@@ -1,0 +1,219 @@
+#include "core/setup.h"
+
+#include "core/errors.h"
+#include "core/misc.h"
+#include "core/session.h"
+#include "core/upgrades.h"
+#include "platform/storage/dberror.h"
+#include "platform/ui/windowservice.h"
+
+#include <QFile>
+
+namespace hb {
+
+namespace {
+
+constexpr int NotValidPassword = 3031;
+
+void openMainDatabase(StandardHandler& handler)
+{
+    handler.run([] {
+        try {
+            DB = Database::open(DatabaseName, false, false, QString());
+        } catch (const DbError& failure) {
+            if (failure.number() != NotValidPassword)
+                throw;
+            DB = Database::open(DatabaseName, false, false, QStringLiteral(";pwd=tulip434"));
+        }
+    });
+}
+
+void readVersion(StandardHandler& handler)
+{
+    handler.run([] {
+        VersionRS = DB.openRecordset(QStringLiteral("ProgramVersion"));
+        if (!VersionRS.eof())
+            ProgramVersion = VersionRS.value(QStringLiteral("programversion")).toFloat();
+        VersionRS.close();
+    });
+}
+
+void upgrade(StandardHandler& handler)
+{
+    if (ProgramVersion < 1.01f) {
+        handler.run(ConvertDatabase101);
+        handler.run(ConvertDatabase12);
+        handler.run(ConvertDatabase20);
+    } else if (ProgramVersion < 1.2f) {
+        handler.run(ConvertDatabase12);
+        handler.run(ConvertDatabase20);
+    } else if (ProgramVersion < 2.0f) {
+        handler.run(ConvertDatabase20);
+    }
+}
+
+// Counts this start; true when the eighth start since the last compaction has come.
+bool countStart(StandardHandler& handler)
+{
+    bool due = false;
+    handler.run([&] {
+        CompactRS = DB.openRecordset(QStringLiteral("CompactCount"));
+        if (!CompactRS.eof()) {
+            CompactRS.edit();
+            const int counter = CompactRS.value(QStringLiteral("CompactCounter")).toInt();
+            due = counter > 7;
+            CompactRS.setValue(QStringLiteral("CompactCounter"), due ? 0 : counter + 1);
+            CompactRS.update();
+        }
+        CompactRS.close();
+    });
+    return due;
+}
+
+void readCachedOptions(StandardHandler& handler)
+{
+    handler.run([] {
+        StringOptionsRS = DB.openRecordset(QStringLiteral("StringOptions"));
+        for (; !StringOptionsRS.eof(); StringOptionsRS.moveNext()) {
+            if (StringOptionsRS.value(QStringLiteral("OptionNumber")).toInt() == 1)
+                PieceName = NullToText(StringOptionsRS.value(QStringLiteral("Option"))).trimmed();
+        }
+        StringOptionsRS.close();
+    });
+    handler.run([] {
+        NumberOptionsRS = DB.openRecordset(QStringLiteral("NumberOptions"));
+        for (; !NumberOptionsRS.eof(); NumberOptionsRS.moveNext()) {
+            const int number = NumberOptionsRS.value(QStringLiteral("OptionNumber")).toInt();
+            const int value = static_cast<int>(NumberOptionsRS.value(QStringLiteral("Option")).toDouble());
+            if (number == 4)
+                IncludeCountry = value;
+            else if (number == 5)
+                DisplayAbout = value;
+        }
+        NumberOptionsRS.close();
+    });
+}
+
+void clearTable(Recordset& rs, const QString& table)
+{
+    rs = DB.openRecordset(table);
+    while (!rs.eof()) {
+        rs.deleteRecord();
+        rs.moveNext();
+    }
+    rs.close();
+}
+
+} // namespace
+
+void Setup()
+{
+    StandardHandler handler(QStringLiteral("Setup"));
+    FirstNameFirst = true;
+    MsgYesNo = 292;
+    MsgWarning = 48;
+    MsgOkCancel = 305;
+
+    AppPath = programDirectory();
+    if (!AppPath.endsWith(QLatin1Char('/')))
+        AppPath += QLatin1Char('/');
+    DataPath = AppPath + QStringLiteral("Data/");
+    HelpFile = AppPath + QStringLiteral("help/HBHELP.HLP");
+
+    if (!IsFileThere(DataPath + QStringLiteral("varlo.mdb"))) {
+        if (!IsFileThere(DataPath + QStringLiteral("hb10db.shell"))) {
+            ui::msgBox(QStringLiteral("Reinstall Quillon or restore from backup!"), MsgWarning,
+                       QStringLiteral("Database Not Found"));
+            endProcess();
+        }
+        CopyFile(DataPath + QStringLiteral("hb10db.shell"), DataPath + QStringLiteral("varlo.mdb"));
+    }
+
+    for (;;) {
+        // One stored name serves the test for the file and its opening on a case-sensitive file system.
+        DatabaseName = DataPath + QStringLiteral("varlo.mdb");
+        openMainDatabase(handler);
+        readVersion(handler);
+        upgrade(handler);
+        if (!countStart(handler))
+            break;
+        handler.run(ClearReportTables);
+        handler.run([] { DB.close(); });
+        handler.run(CompactAddressDatabase);
+    }
+
+    readCachedOptions(handler);
+    handler.run(LoadRoofTypes);
+}
+
+void CompactAddressDatabase()
+{
+    const QString bak = DataPath + QStringLiteral("varlo.bak");
+    if (IsFileThere(bak)) {
+        CopyFile(bak, DataPath + QStringLiteral("varlo.bak2"));
+        QFile::remove(bak);
+    }
+    Database::compact(DataPath + QStringLiteral("varlo.mdb"), bak);
+    CopyFile(bak, DataPath + QStringLiteral("varlo.mdb"));
+}
+
+void ClearReportTables()
+{
+    ClearRptBirthday();
+    ClearRptLabels();
+}
+
+void ClearRptBirthday() { clearTable(BirthdayRS, QStringLiteral("RptBirthday")); }
+
+void ClearRptLabels() { clearTable(LabelsRS, QStringLiteral("RptLabels")); }
+
+void LoadRoofTypes()
+{
+    RoofTypeCount = 1;
+    RoofTypeNames = {QString(), QStringLiteral("No Type Assigned").leftJustified(40)};
+    RoofTypeNumbers = {0, 0};
+    RoofTypeSelected = {false, true};
+    SQL = QStringLiteral("Select * from RoofType order by Description");
+    RoofTypeRS = DB.openRecordset(SQL);
+    for (; !RoofTypeRS.eof(); RoofTypeRS.moveNext()) {
+        ++RoofTypeCount;
+        RoofTypeNames.append(NullToText(RoofTypeRS.value(QStringLiteral("Description"))).leftJustified(40, QLatin1Char(' '), true));
+        RoofTypeNumbers.append(static_cast<qint16>(RoofTypeRS.value(QStringLiteral("RoofTypeNumber")).toInt()));
+        RoofTypeSelected.append(true);
+    }
+    RoofTypeRS.close();
+}
+
+void SaveStateAndEnd()
+{
+    if (DB.isOpen()) {
+        StringOptionsRS = DB.openRecordset(QStringLiteral("StringOptions"));
+        for (; !StringOptionsRS.eof(); StringOptionsRS.moveNext()) {
+            StringOptionsRS.edit();
+            if (StringOptionsRS.value(QStringLiteral("OptionNumber")).toInt() == 1)
+                StringOptionsRS.setValue(QStringLiteral("Option"), PieceName);
+            StringOptionsRS.update();
+        }
+        StringOptionsRS.close();
+        NumberOptionsRS = DB.openRecordset(QStringLiteral("NumberOptions"));
+        for (; !NumberOptionsRS.eof(); NumberOptionsRS.moveNext()) {
+            NumberOptionsRS.edit();
+            const int number = NumberOptionsRS.value(QStringLiteral("OptionNumber")).toInt();
+            if (number == 4)
+                NumberOptionsRS.setValue(QStringLiteral("Option"), IncludeCountry);
+            else if (number == 5)
+                NumberOptionsRS.setValue(QStringLiteral("Option"), DisplayAbout);
+            NumberOptionsRS.update();
+        }
+        NumberOptionsRS.close();
+    }
+    endProcess();
+}
+
+void unloadFrame()
+{
+    ReturnToListings = false;
+    SaveStateAndEnd();
+}
+
+} // namespace hb

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/ui/windowservice.h"
+
+#include <QPointer>
+#include <deque>
+#include <functional>
+#include <vector>
+
+struct ShownMessage {
+    QString text;
+    int style = 0;
+    QString title;
+};
+
+// The test double of the window service: answers come from queues that a test fills, and everything shown
+// is recorded. A question (a box with two buttons) or a modal window without a queued answer is a fault of
+// the test, collected in problems().
+class ScriptedWindows : public hb::ui::WindowService {
+public:
+    using ModalScript = std::function<void(QWidget&)>;
+
+    void answer(int answer) { answers_.push_back(answer); }
+    void onModal(ModalScript script) { modals_.push_back(std::move(script)); }
+    void answerFont(bool accept, const QFont& font = QFont()) { fonts_.push_back({accept, font}); }
+    void answerFile(const QString& path) { files_.push_back(path); }
+    void answerPrinter(bool accept) { printers_.push_back(accept); }
+
+    const std::vector<ShownMessage>& messages() const { return messages_; }
+    const QStringList& modalsShown() const { return modalNames_; }
+    const QStringList& urlsOpened() const { return urls_; }
+    QStringList problems() const;
+    bool busy() const { return busy_; }
+    void clearRecords();
+
+    int message(const QString& text, int style, const QString& title) override;
+    void showModal(QWidget& window) override;
+    QString openFileName(const QString& caption, const QString& directory, const QString& filter) override;
+    QString saveFileName(const QString& caption, const QString& directory, const QString& filter) override;
+    QString directory(const QString& caption, const QString& start) override;
+    bool chooseFont(QFont& font) override;
+    bool choosePrinter(QPrinter& printer) override;
+    bool pageSetup(QPrinter& printer) override;
+    bool openUrl(const QString& url) override;
+    void setBusy(bool busy) override;
+
+    bool urlOpens = true;
+
+private:
+    QString nextFile(const QString& what);
+
+    std::deque<int> answers_;
+    std::deque<ModalScript> modals_;
+    std::deque<std::pair<bool, QFont>> fonts_;
+    std::deque<QString> files_;
+    std::deque<bool> printers_;
+    std::vector<ShownMessage> messages_;
+    QStringList modalNames_;
+    QStringList urls_;
+    QStringList problems_;
+    bool busy_ = false;
+};
