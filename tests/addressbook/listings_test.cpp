@@ -1,0 +1,195 @@
+#include "programfixture.h"
+#include "testdata.h"
+#include "windowdriver.h"
+
+#include "addressbook/frmaddressbook.h"
+#include "core/errors.h"
+#include "core/session.h"
+#include "platform/clock.h"
+#include "platform/dates.h"
+#include "platform/ui/listbox.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+using namespace hb;
+
+class ListingsWindowTest : public ProgramFixture {
+protected:
+    void SetUp() override
+    {
+        ProgramFixture::SetUp();
+        ASSERT_TRUE(setup());
+    }
+
+    FrmAddressBook& open()
+    {
+        FrmAddressBook* form = nullptr;
+        EXPECT_TRUE(guarded([&] { form = &forms::get<FrmAddressBook>(); }));
+        return *form;
+    }
+    static QStringList items(ui::ListBox* list)
+    {
+        QStringList texts;
+        for (int i = 0; i < list->listCount(); ++i)
+            texts << list->list(i);
+        return texts;
+    }
+    static QString text(QWidget& w, const char* name) { return control<QLabel>(w, QString::fromLatin1(name))->text(); }
+    static void chooseFilter(FrmAddressBook& w, const QString& type)
+    {
+        auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
+        filter->setCurrentIndex(filter->findText(type.leftJustified(40)));
+    }
+};
+
+TEST_F(ListingsWindowTest, ListingsShowInListByOrderWithTheirSortNames)
+{
+    addListing({1, QStringLiteral("The Smith Family"), QStringLiteral("Smith"), 2});
+    addListing({2, QStringLiteral("Acme & Sons"), QString(), 1});
+    addListing({3, QStringLiteral("Éric Durand"), QStringLiteral("durand"), 3});
+    addListing({4, QStringLiteral("Zed"), QString(), 0, {{QStringLiteral("SortName"), QVariant()}}});
+    FrmAddressBook& w = open();
+    auto* list = control<ui::ListBox>(w, QStringLiteral("lstAddressBook"));
+    EXPECT_EQ(items(list), (QStringList{"...Zed", "Acme & Sons", "durand...Éric Durand", "Smith...The Smith Family"}));
+    EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("4 Name Listings"));
+    EXPECT_EQ(list->listIndex(), 0);
+    EXPECT_EQ(w.windowTitle(), QStringLiteral("Quillon Listings and Update"));
+}
+
+TEST_F(ListingsWindowTest, TheSelectedListingShowsItsFieldsAndIndividuals)
+{
+    addListing({1, QStringLiteral("Smith & Jones & Co"), QStringLiteral("Smith"), 2,
+                {{QStringLiteral("Address1"), QStringLiteral("12 Elm St")}, {QStringLiteral("City"), QStringLiteral("Oslo")},
+                 {QStringLiteral("Phone"), QStringLiteral("555-1234")}, {QStringLiteral("Cell"), QVariant()},
+                 {QStringLiteral("Email"), QStringLiteral("smith@example.org")},
+                 {QStringLiteral("Anniversary"), QDate(1990, 6, 2)}, {QStringLiteral("Notes"), QStringLiteral("Gate code 12")}}});
+    addPerson(1, 10, QStringLiteral("Zoe"), QStringLiteral("Smith"));
+    addPerson(1, 11, QStringLiteral("anna"), QString(), QDate(1961, 3, 5), {{QStringLiteral("Work"), QStringLiteral("Mill")}});
+    FrmAddressBook& w = open();
+    EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Smith && Jones & Co")) << "only the first ampersand is doubled";
+    EXPECT_EQ(text(w, "lblDType"), QStringLiteral("Family"));
+    EXPECT_EQ(text(w, "lblDAddress1"), QStringLiteral("12 Elm St"));
+    EXPECT_EQ(text(w, "lblDCity"), QStringLiteral("Oslo"));
+    EXPECT_EQ(text(w, "lblDCell"), QString());
+    EXPECT_EQ(text(w, "lblDAnniversary"), dates::shortDate(QDate(1990, 6, 2)));
+    EXPECT_EQ(control<QPlainTextEdit>(w, QStringLiteral("txtNotes"))->toPlainText(), QStringLiteral("Gate code 12"));
+    auto* persons = control<ui::ListBox>(w, QStringLiteral("lstPersons"));
+    EXPECT_EQ(items(persons), (QStringList{"anna", "Zoe Smith"})) << "sorted without regard to case, no trailing blank";
+    EXPECT_EQ(persons->listIndex(), 0);
+    EXPECT_EQ(text(w, "lblDFirstName"), QStringLiteral("anna"));
+    EXPECT_EQ(text(w, "lblDWork"), QStringLiteral("Mill"));
+    EXPECT_EQ(text(w, "lblDBirthDate"), dates::shortDate(QDate(1961, 3, 5)) + QStringLiteral("  Age 65"));
+
+    persons->setListIndex(1);
+    EXPECT_EQ(text(w, "lblDFirstName"), QStringLiteral("Zoe"));
+    EXPECT_EQ(text(w, "lblDBirthDate"), QString());
+}
+
+TEST_F(ListingsWindowTest, AgesTurnOverOnTheBirthday)
+{
+    const QDate today = clock::today();
+    addListing({1, QStringLiteral("Ages"), QString(), 0});
+    addPerson(1, 1, QStringLiteral("A"), QStringLiteral("Today"), today.addYears(-30));
+    addPerson(1, 2, QStringLiteral("B"), QStringLiteral("Yesterday"), today.addYears(-1).addDays(-1));
+    addPerson(1, 3, QStringLiteral("C"), QStringLiteral("Tomorrow"), today.addYears(-1).addDays(1));
+    FrmAddressBook& w = open();
+    auto* persons = control<ui::ListBox>(w, QStringLiteral("lstPersons"));
+    const QStringList expected = {QStringLiteral("  Age 30"), QStringLiteral("  Age 1"), QStringLiteral("  Age 0")};
+    for (int i = 0; i < 3; ++i) {
+        persons->setListIndex(i);
+        EXPECT_TRUE(text(w, "lblDBirthDate").endsWith(expected[i])) << text(w, "lblDBirthDate").toStdString();
+    }
+}
+
+TEST_F(ListingsWindowTest, ABirthdayOnTheTwentyNinthOfFebruaryFailsInAYearWithoutIt)
+{
+    addListing({1, QStringLiteral("Leap"), QString(), 0});
+    addPerson(1, 1, QStringLiteral("Leap"), QStringLiteral("Day"), QDate(2000, 2, 29));
+    EXPECT_FALSE(guarded([] { forms::get<FrmAddressBook>(); }));
+    ASSERT_FALSE(dialogs().messages().empty());
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral(" Error: 13\n")));
+    EXPECT_TRUE(programEnded());
+}
+
+TEST_F(ListingsWindowTest, TheFilterNarrowsTheListAndMovesTheSelection)
+{
+    addListing({1, QStringLiteral("Adams"), QString(), 2});
+    addListing({2, QStringLiteral("Baker"), QString(), 1});
+    addListing({3, QStringLiteral("Clark"), QString(), 1});
+    FrmAddressBook& w = open();
+    auto* list = control<ui::ListBox>(w, QStringLiteral("lstAddressBook"));
+    list->setListIndex(0);
+    chooseFilter(w, QStringLiteral("Business"));
+    EXPECT_EQ(items(list), (QStringList{"Baker", "Clark"}));
+    EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("2 Name Listings"));
+    EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Baker")) << "the first visible listing is selected";
+
+    list->setListIndex(1);
+    EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Clark"));
+    chooseFilter(w, QStringLiteral("Family"));
+    EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("1 Name Listing"));
+    auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
+    filter->setCurrentIndex(0);
+    EXPECT_EQ(items(list).size(), 3);
+    EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Adams")) << "the listing of the last click stays selected";
+}
+
+TEST_F(ListingsWindowTest, AFilterWithoutListingsGivesTheEmptyState)
+{
+    addListing({1, QStringLiteral("Adams"), QString(), 2, {{QStringLiteral("Cell"), QStringLiteral("555-9")}}});
+    FrmAddressBook& w = open();
+    chooseFilter(w, QStringLiteral("Friends"));
+    EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("0 Name Listings"));
+    EXPECT_EQ(text(w, "lblDName"), QString());
+    EXPECT_EQ(text(w, "lblDCell"), QStringLiteral("555-9")) << "the cell label keeps its last text";
+    for (const char* hidden : {"cmdChange", "cmdDelete", "cmdAutoDial", "cmdIndAdd", "cmdIndChange", "cmdIndDelete",
+                               "cmdIndAutoDial"})
+        EXPECT_TRUE(control<QPushButton>(w, QString::fromLatin1(hidden))->isHidden()) << hidden;
+    EXPECT_FALSE(control<QPushButton>(w, QStringLiteral("cmdAdd"))->isHidden());
+}
+
+TEST_F(ListingsWindowTest, AnEmptyDatabaseAndAListingWithoutIndividuals)
+{
+    {
+        FrmAddressBook& w = open();
+        EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("0 Name Listings"));
+        EXPECT_FALSE(control<QPushButton>(w, QStringLiteral("cmdAdd"))->isHidden());
+        forms::unload(QStringLiteral("frmAddressBook"));
+    }
+    addListing({1, QStringLiteral("Alone"), QString(), 0});
+    FrmAddressBook& w = open();
+    EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("1 Name Listing"));
+    EXPECT_FALSE(control<QPushButton>(w, QStringLiteral("cmdIndAdd"))->isHidden());
+    for (const char* hidden : {"cmdIndChange", "cmdIndDelete", "cmdIndAutoDial"})
+        EXPECT_TRUE(control<QPushButton>(w, QString::fromLatin1(hidden))->isHidden()) << hidden;
+}
+
+TEST_F(ListingsWindowTest, EmailLabelsOpenMailLinks)
+{
+    addListing({1, QStringLiteral("Mail"), QString(), 0, {{QStringLiteral("Email"), QStringLiteral("a@b.org")}}});
+    addPerson(1, 1, QStringLiteral("No"), QStringLiteral("Mail"));
+    FrmAddressBook& w = open();
+    QTest::mouseClick(control<QLabel>(w, QStringLiteral("lblDNameEmail")), Qt::LeftButton);
+    EXPECT_EQ(dialogs().urlsOpened(), QStringList{QStringLiteral("mailto:a@b.org")});
+    QTest::mouseClick(control<QLabel>(w, QStringLiteral("lblDEmail")), Qt::LeftButton);
+    EXPECT_EQ(dialogs().urlsOpened().size(), 2) << "an empty address still goes to the link routine";
+}
+
+TEST_F(ListingsWindowTest, TheStartOfTheProgramShowsTheAboutWindowAndThenTheListings)
+{
+    EXPECT_TRUE(startProgram());
+    QWidget* about = forms::find(QStringLiteral("FormAbout"));
+    ASSERT_NE(about, nullptr);
+    EXPECT_TRUE(about->isVisible()) << "the upgrade seeds option 5, so the about window shows";
+    EXPECT_EQ(forms::find(QStringLiteral("frmAddressBook")), nullptr);
+    click(*about, QStringLiteral("cmdOK"));
+    EXPECT_FALSE(about->isVisible());
+    EXPECT_FALSE(AboutAtStart);
+    QWidget* listings = forms::find(QStringLiteral("frmAddressBook"));
+    ASSERT_NE(listings, nullptr);
+    EXPECT_TRUE(listings->isVisible());
+    EXPECT_EQ(text(*listings, "lblAddressListings"), QStringLiteral("0 Name Listings"));
+}
