@@ -1,0 +1,129 @@
+#include "tools/formabout.h"
+
+#include "core/frame.h"
+#include "core/helpers.h"
+#include "core/options.h"
+#include "core/routes.h"
+#include "core/session.h"
+#include "core/setup.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace hb {
+
+namespace {
+
+QLabel* makeLabel(QWidget* parent, const char* name, const QString& text)
+{
+    auto* label = new QLabel(text, parent);
+    label->setObjectName(QString::fromLatin1(name));
+    return label;
+}
+
+QLabel* makeLink(QWidget* parent, const char* name, const QString& text, const QString& url)
+{
+    QLabel* label = makeLabel(parent, name, QStringLiteral("<a href=\"%1\">%2</a>").arg(url, text.toHtmlEscaped()));
+    label->setCursor(Qt::PointingHandCursor);
+    label->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
+    QObject::connect(label, &QLabel::linkActivated, label, [](const QString& link) { WebPage(link); });
+    return label;
+}
+
+} // namespace
+
+FormAbout::FormAbout() : Form(staticFormName(), false)
+{
+    setWindowTitle(QStringLiteral("About Quillon Homebook"));
+    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    buildControls();
+}
+
+void FormAbout::buildControls()
+{
+    auto* picture = makeLabel(this, "Label2", QString());
+    picture->setPixmap(style()->standardIcon(QStyle::SP_DirHomeIcon).pixmap(64, 64));
+    auto* name = makeLabel(this, "Label1", QStringLiteral("Quillon Homebook"));
+    QFont big = name->font();
+    big.setPointSize(big.pointSize() + 8);
+    big.setBold(true);
+    name->setFont(big);
+    auto* version = makeLabel(this, "Label4", QStringLiteral("Version 2.0"));
+    auto* words = makeLabel(this, "Label5", QStringLiteral("Your address book, reports, labels and envelopes."));
+    auto* maker = makeLabel(this, "Label6", QStringLiteral("Quillon Software"));
+    auto* support = makeLabel(this, "Label10", QStringLiteral("Questions and suggestions are welcome:"));
+    auto* mail = makeLink(this, "Label7", QStringLiteral("support@quillon.example"), QStringLiteral("mailto:support@quillon.example"));
+    auto* web = makeLink(this, "Label8", QStringLiteral("www.quillon.example"), QStringLiteral("https://www.quillon.example/"));
+    LabelBuild = makeLabel(this, "LabelBuild", QString());
+    CheckDisplayAbout = new QCheckBox(QStringLiteral("Display on Program Start"), this);
+    CheckDisplayAbout->setObjectName(QStringLiteral("CheckDisplayAbout"));
+    cmdOK = new QPushButton(QStringLiteral("OK"), this);
+    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    cmdOK->setDefault(true);
+
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
+    grid->addWidget(name, 0, 1);
+    grid->addWidget(version, 1, 1);
+    grid->addWidget(words, 2, 1);
+    grid->addWidget(maker, 3, 1);
+    grid->addWidget(support, 4, 1);
+    grid->addWidget(mail, 5, 1);
+    grid->addWidget(web, 6, 1);
+    grid->addWidget(LabelBuild, 7, 1);
+    grid->addWidget(CheckDisplayAbout, 8, 0, 1, 2);
+    grid->addWidget(cmdOK, 8, 1, Qt::AlignRight);
+    grid->setHorizontalSpacing(16);
+
+    connect(cmdOK, &QPushButton::clicked, this, &FormAbout::cmdOK_Click);
+    connect(CheckDisplayAbout, &QCheckBox::clicked, this, &FormAbout::CheckDisplayAbout_Click);
+}
+
+void FormAbout::formLoad()
+{
+    AboutAtStart = true;
+    LabelBuild->setText(QStringLiteral("Build: %1.%2.%3").arg(HB_VERSION_MAJOR).arg(HB_VERSION_MINOR).arg(HB_VERSION_PATCH));
+    if (loadMarker_ != QLatin1String("N")) {
+        UpdateToolbar(QStringLiteral("Beg"));
+        SetFramePointer(11);
+        Setup();
+        SetFramePointer(0);
+        loadMarker_ = QStringLiteral("N");
+    }
+    CheckDisplayAbout->setChecked(DisplayAbout == 1);
+    if (DisplayAbout == 1) {
+        CenterForm(*this);
+        setFormVisible(true);
+    } else {
+        QCoreApplication::processEvents();
+        setFormVisible(false);
+    }
+}
+
+void FormAbout::cmdOK_Click()
+{
+    QCoreApplication::processEvents();
+    setFormVisible(false);
+    if (AboutAtStart) {
+        AboutAtStart = false;
+        DisplayAbout = CheckValue(*CheckDisplayAbout);
+        showAddressBook();
+    }
+}
+
+void FormAbout::CheckDisplayAbout_Click() { SetNOption(5, *CheckDisplayAbout); }
+
+void FormAbout::closeEvent(QCloseEvent* event)
+{
+    // Closing the about window only hides it.
+    event->ignore();
+    setFormVisible(false);
+}
+
+} // namespace hb
