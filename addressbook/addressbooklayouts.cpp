@@ -20,9 +20,7 @@ namespace {
 const QColor listingBack(128, 128, 128);
 const QColor individualBack(192, 192, 192);
 
-enum Layout { Browse, EditListing, EditIndividual };
-
-void setShown(std::initializer_list<QWidget*> widgets, bool visible)
+void setShown(const QList<QWidget*>& widgets, bool visible)
 {
     for (QWidget* w : widgets)
         w->setVisible(visible);
@@ -37,91 +35,73 @@ void setBack(QFrame* frame, const QColor& back)
 
 } // namespace
 
+// Which groups of controls each layout shows: browse, edit listing, edit individual.
+struct FrmAddressBook::LayoutGroups {
+    QList<QWidget*> lists, listingInputs, listingCaptions, listingDisplays, individualInputs, individualCaptions,
+        individualDisplays, editButtons, listingEditNotes, individualEditNotes;
+};
+
+FrmAddressBook::LayoutGroups FrmAddressBook::layoutGroups() const
+{
+    return {
+        {lblAddressListings, lstAddressBook, cmdAdd, cmdChange, cmdDelete, cmdAutoDial, lblShowTypes, cmbShowTypes,
+         lblIndividuals, lstPersons, cmdIndAdd, cmdIndChange, cmdIndDelete, cmdIndAutoDial},
+        {txtName, cmbTypes, txtAddress1, txtAddress2, txtCity, txtState, txtZip, txtCountry, txtNameEmail,
+         txtAnniversary, txtPhone, TxtCell, txtFax, txtSortName, lblSortName, lblSort1, lblSort2, lblSort3},
+        {lblName, lblType, lblAddress1, lblAddress2, lblCity, lblState, lblZip, lblCountry, lblNameEmail,
+         lblAnniversary, lblPhone, lblCell, lblFax, lblNotes},
+        {lblDName, lblDType, lblDAddress1, lblDAddress2, lblDCity, lblDState, lblDZip, lblDCountry, lblDNameEmail,
+         lblDAnniversary, lblDPhone, lblDCell, lblDFax},
+        {txtFirstName, txtLastName, txtWork, txtWorkPhone, txtBirthDate, txtEmail},
+        {lblFirstName, lblLastName, lblWork, lblWorkPhone, lblBirthDate, lblEmail, lblIndNotes},
+        {lblDFirstName, lblDLastName, lblDWork, lblDWorkPhone, lblDBirthDate, lblDEmail},
+        {cmdOK, cmdCancel},
+        {lblIndClickOK, lblIndRequiredFields},
+        {lblRoofName, lblClickOK, lblRequiredFields, lblListBy},
+    };
+}
+
+void FrmAddressBook::applyLayout(int layout)
+{
+    enum { Browse, EditListing, EditIndividual };
+    const LayoutGroups g = layoutGroups();
+    setShown(g.lists, layout == Browse);
+    setShown(g.listingInputs, layout == EditListing);
+    setShown(g.listingCaptions, layout != EditIndividual);
+    setShown(g.listingDisplays, layout == Browse);
+    setShown(g.individualInputs, layout == EditIndividual);
+    setShown(g.individualCaptions, layout != EditListing);
+    setShown(g.individualDisplays, layout == Browse);
+    setShown(g.editButtons, layout != Browse);
+    setShown(g.listingEditNotes, layout == EditListing);
+    setShown(g.individualEditNotes, layout == EditIndividual);
+    txtNotes->setVisible(layout != EditIndividual);
+    txtIndNotes->setVisible(layout != EditListing);
+    setNotesLook(txtNotes, layout == EditListing, QColor(255, 255, 0), listingBack);
+    setNotesLook(txtIndNotes, layout == EditIndividual, QColor(0, 0, 192), individualBack);
+    setBack(fraRoof, layout == EditIndividual ? individualBack : listingBack);
+    setBack(fraIndividuals, layout == EditListing ? listingBack : individualBack);
+    if (layout == EditListing) {
+        cmdOK->move(ui::px(4560), ui::px(120));
+        cmdCancel->move(ui::px(5760), ui::px(120));
+    } else if (layout == EditIndividual) {
+        cmdOK->move(ui::px(480), ui::px(1440));
+        cmdCancel->move(ui::px(480), ui::px(2040));
+    }
+}
+
 void FrmAddressBook::setNotesLook(QPlainTextEdit* box, bool editing, const QColor& fore, const QColor& back)
 {
     QPalette p = box->palette();
     p.setColor(QPalette::Text, editing ? QColor(Qt::black) : fore);
     p.setColor(QPalette::Base, editing ? QColor(Qt::white) : back);
     box->setPalette(p);
+    // Browsing leaves the notes scrollable but out of the tab order.
     box->setFocusPolicy(editing ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
-void FrmAddressBook::DisplayMode()
-{
-    setShown({lblAddressListings, lstAddressBook, cmdAdd, cmdChange, cmdDelete, cmdAutoDial, lblShowTypes, cmbShowTypes,
-          lblIndividuals, lstPersons, cmdIndAdd, cmdIndChange, cmdIndDelete, cmdIndAutoDial},
-         true);
-    setShown({txtName, cmbTypes, txtAddress1, txtAddress2, txtCity, txtState, txtZip, txtCountry, txtNameEmail,
-          txtAnniversary, txtPhone, TxtCell, txtFax, txtSortName, lblSortName, lblSort1, lblSort2, lblSort3},
-         false);
-    setShown({lblName, lblType, lblAddress1, lblAddress2, lblCity, lblState, lblZip, lblCountry, lblNameEmail,
-          lblAnniversary, lblPhone, lblCell, lblFax, lblNotes, lblDName, lblDType, lblDAddress1, lblDAddress2, lblDCity,
-          lblDState, lblDZip, lblDCountry, lblDNameEmail, lblDAnniversary, lblDPhone, lblDCell, lblDFax, txtNotes},
-         true);
-    setShown({txtFirstName, txtLastName, txtWork, txtWorkPhone, txtBirthDate, txtEmail}, false);
-    setShown({lblFirstName, lblLastName, lblWork, lblWorkPhone, lblBirthDate, lblEmail, lblIndNotes, lblDFirstName,
-          lblDLastName, lblDWork, lblDWorkPhone, lblDBirthDate, lblDEmail, txtIndNotes},
-         true);
-    setShown({cmdOK, cmdCancel, lblIndClickOK, lblIndRequiredFields, lblRoofName, lblClickOK, lblRequiredFields, lblListBy},
-         false);
-    setNotesLook(txtNotes, false, QColor(255, 255, 0), listingBack);
-    setNotesLook(txtIndNotes, false, QColor(0, 0, 192), individualBack);
-    setBack(fraRoof, listingBack);
-    setBack(fraIndividuals, individualBack);
-}
-
-void FrmAddressBook::UpdateFamilyMode()
-{
-    setShown({lblAddressListings, lstAddressBook, cmdAdd, cmdChange, cmdDelete, cmdAutoDial, lblShowTypes, cmbShowTypes,
-          lblIndividuals, lstPersons, cmdIndAdd, cmdIndChange, cmdIndDelete, cmdIndAutoDial},
-         false);
-    setShown({txtName, cmbTypes, txtAddress1, txtAddress2, txtCity, txtState, txtZip, txtCountry, txtNameEmail,
-          txtAnniversary, txtPhone, TxtCell, txtFax, txtSortName, lblSortName, lblSort1, lblSort2, lblSort3},
-         true);
-    setShown({lblName, lblType, lblAddress1, lblAddress2, lblCity, lblState, lblZip, lblCountry, lblNameEmail,
-          lblAnniversary, lblPhone, lblCell, lblFax, lblNotes, txtNotes},
-         true);
-    setShown({lblDName, lblDType, lblDAddress1, lblDAddress2, lblDCity, lblDState, lblDZip, lblDCountry, lblDNameEmail,
-          lblDAnniversary, lblDPhone, lblDCell, lblDFax},
-         false);
-    setShown({txtFirstName, txtLastName, txtWork, txtWorkPhone, txtBirthDate, txtEmail, lblFirstName, lblLastName, lblWork,
-          lblWorkPhone, lblBirthDate, lblEmail, lblIndNotes, lblDFirstName, lblDLastName, lblDWork, lblDWorkPhone,
-          lblDBirthDate, lblDEmail, txtIndNotes},
-         false);
-    setShown({cmdOK, cmdCancel, lblIndClickOK, lblIndRequiredFields}, true);
-    setShown({lblRoofName, lblClickOK, lblRequiredFields, lblListBy}, false);
-    setNotesLook(txtNotes, true, Qt::black, Qt::white);
-    txtIndNotes->setFocusPolicy(Qt::NoFocus);
-    setBack(fraRoof, listingBack);
-    setBack(fraIndividuals, listingBack);
-    cmdOK->move(ui::px(4560), ui::px(120));
-    cmdCancel->move(ui::px(5760), ui::px(120));
-}
-
-void FrmAddressBook::UpdateIndividualMode()
-{
-    setShown({lblAddressListings, lstAddressBook, cmdAdd, cmdChange, cmdDelete, cmdAutoDial, lblShowTypes, cmbShowTypes,
-          lblIndividuals, lstPersons, cmdIndAdd, cmdIndChange, cmdIndDelete, cmdIndAutoDial},
-         false);
-    setShown({txtName, cmbTypes, txtAddress1, txtAddress2, txtCity, txtState, txtZip, txtCountry, txtNameEmail,
-          txtAnniversary, txtPhone, TxtCell, txtFax, txtSortName, lblSortName, lblSort1, lblSort2, lblSort3},
-         false);
-    setShown({lblName, lblType, lblAddress1, lblAddress2, lblCity, lblState, lblZip, lblCountry, lblNameEmail,
-          lblAnniversary, lblPhone, lblCell, lblFax, lblNotes, lblDName, lblDType, lblDAddress1, lblDAddress2, lblDCity,
-          lblDState, lblDZip, lblDCountry, lblDNameEmail, lblDAnniversary, lblDPhone, lblDCell, lblDFax, txtNotes},
-         false);
-    setShown({txtFirstName, txtLastName, txtWork, txtWorkPhone, txtBirthDate, txtEmail, lblFirstName, lblLastName, lblWork,
-          lblWorkPhone, lblBirthDate, lblEmail, lblIndNotes, txtIndNotes},
-         true);
-    setShown({lblDFirstName, lblDLastName, lblDWork, lblDWorkPhone, lblDBirthDate, lblDEmail}, false);
-    setShown({cmdOK, cmdCancel, lblRoofName, lblClickOK, lblRequiredFields, lblListBy}, true);
-    setShown({lblIndClickOK, lblIndRequiredFields}, false);
-    txtNotes->setFocusPolicy(Qt::NoFocus);
-    setNotesLook(txtIndNotes, true, Qt::black, Qt::white);
-    setBack(fraRoof, individualBack);
-    setBack(fraIndividuals, individualBack);
-    cmdOK->move(ui::px(480), ui::px(1440));
-    cmdCancel->move(ui::px(480), ui::px(2040));
-}
+void FrmAddressBook::DisplayMode() { applyLayout(0); }
+void FrmAddressBook::UpdateFamilyMode() { applyLayout(1); }
+void FrmAddressBook::UpdateIndividualMode() { applyLayout(2); }
 
 } // namespace hb

@@ -84,6 +84,9 @@ private:
     void buildIndividualsPanel();
     void connectHandlers();
     void setNotesLook(QPlainTextEdit* box, bool editing, const QColor& fore, const QColor& back);
+    struct LayoutGroups;
+    LayoutGroups layoutGroups() const;
+    void applyLayout(int layout);
     void fillTypeCombos();
     void refillListings();
     void selectCurrentRoof();
