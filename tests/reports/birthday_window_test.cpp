@@ -1,0 +1,193 @@
+#include "birthday_fixture.h"
+
+#include "core/errors.h"
+#include "core/frame.h"
+#include "core/options.h"
+#include "core/routes.h"
+#include "platform/clock.h"
+#include "platform/dates.h"
+#include "platform/grid/gridcolumn.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTableView>
+
+using namespace hb;
+
+namespace {
+
+int personFlags(const char* field)
+{
+    Recordset rs = DB.openRecordset(QStringLiteral("Select Count(*) as [result] from Person where ") +
+                                    QString::fromLatin1(field) + QStringLiteral(" = true"));
+    return rs.value(QStringLiteral("result")).toInt();
+}
+
+} // namespace
+
+using BirthdayWindowTest = BirthdayWindowFixture;
+
+TEST_F(BirthdayWindowTest, OpensOnThisYearWithEverybodySelected)
+{
+    addPerson(1, 1, QStringLiteral("Ann"), QStringLiteral("Lee"), QDate(1985, 3, 10), selected(false));
+    addPerson(1, 2, QStringLiteral("Bob"), QStringLiteral("Lee"), QDate(1987, 1, 2), selected(false));
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    EXPECT_TRUE(w->isFormVisible());
+    EXPECT_EQ(w->windowTitle(), QStringLiteral("Birthday Report"));
+    EXPECT_EQ(ReportType, QStringLiteral("B"));
+    EXPECT_EQ(personFlags("PersonSelected"), 2);
+    EXPECT_EQ(personFlags("PersonListed"), 2);
+    EXPECT_EQ(names(*w), (QStringList{"Bob Lee", "Ann Lee"}));
+    QComboBox* combo = years(*w);
+    EXPECT_EQ(combo->count(), 178);
+    EXPECT_EQ(combo->itemText(0), QStringLiteral("1900"));
+    EXPECT_EQ(combo->itemData(177).toInt(), 2077);
+    EXPECT_EQ(combo->currentText(), QStringLiteral("2026"));
+    EXPECT_EQ(w->selectedYear(), 2026);
+    EXPECT_FALSE(grid(*w)->allowUpdate());
+    EXPECT_TRUE(dialogs().messages().empty());
+}
+
+TEST_F(BirthdayWindowTest, HasTheControlsOfTheReport)
+{
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(control<QLabel>(*w, QStringLiteral("Label1"))->text(), QStringLiteral("Year:"));
+    EXPECT_EQ(control<QCheckBox>(*w, QStringLiteral("chkShowDayOfWeek"))->text(), QStringLiteral("Show Day of Week"));
+    EXPECT_EQ(control<QCheckBox>(*w, QStringLiteral("chkShowAge"))->text(), QStringLiteral("Show Age"));
+    auto* select = control<QPushButton>(*w, QStringLiteral("cmdSelect"));
+    EXPECT_EQ(select->text(), QStringLiteral("&Select"));
+    EXPECT_EQ(select->toolTip(), QStringLiteral("Select From Database"));
+    EXPECT_EQ(control<QPushButton>(*w, QStringLiteral("cmdClose"))->text(), QStringLiteral("Close"));
+    const std::tuple<const char*, const char*, int> columns[] = {{"Month", "Month", 1700},
+                                                                 {"Day", "DayOfMonthski", 800},
+                                                                 {"Day of Week", "DayOfWeek", 1700},
+                                                                 {"Name", "PersonName", 3300},
+                                                                 {"Age", "Age", 1400}};
+    ASSERT_EQ(grid(*w)->columnCount(), 5);
+    for (int col = 0; col < 5; ++col) {
+        const auto& [caption, field, width] = columns[col];
+        EXPECT_EQ(grid(*w)->column(col).caption, QString::fromLatin1(caption));
+        EXPECT_EQ(grid(*w)->column(col).field, QString::fromLatin1(field));
+        EXPECT_EQ(grid(*w)->column(col).widthTwips, width);
+    }
+}
+
+TEST_F(BirthdayWindowTest, TheCaptionIsStoredAsTheReportTitle)
+{
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    const QString caption = dates::shortDate(QDate(2026, 11, 22)) + QStringLiteral(" - Quillon Birthday Report for 2026");
+    EXPECT_EQ(grid(*w)->caption(), caption);
+    EXPECT_EQ(GetSOption(9), caption);
+    ASSERT_TRUE(chooseYear(*w, 1999));
+    const QString later = dates::shortDate(QDate(2026, 11, 22)) + QStringLiteral(" - Quillon Birthday Report for 1999");
+    EXPECT_EQ(grid(*w)->caption(), later);
+    EXPECT_EQ(GetSOption(9), later);
+}
+
+TEST_F(BirthdayWindowTest, ChangingTheYearRecomputesAndKeepsTheSelection)
+{
+    addPerson(1, 1, QStringLiteral("Ann"), QStringLiteral("Lee"), QDate(1985, 3, 10));
+    addPerson(1, 2, QStringLiteral("Bob"), QStringLiteral("Lee"), QDate(1987, 1, 2));
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    DB.execute(QStringLiteral("update Person set PersonSelected = false where PersonNumber = 2"));
+    ASSERT_TRUE(chooseYear(*w, 2030));
+    EXPECT_EQ(w->selectedYear(), 2030);
+    EXPECT_EQ(grid(*w)->rows(), (QList<QStringList>{{" March", " 10th", " Sunday", " Ann Lee", " will be 45"}}));
+    ASSERT_TRUE(chooseYear(*w, 1984));
+    EXPECT_EQ(names(*w), QStringList{"None Selected"});
+    EXPECT_TRUE(dialogs().messages().empty());
+}
+
+TEST_F(BirthdayWindowTest, CheckBoxesShowAndHideTheirColumns)
+{
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    QTableView* view = grid(*w)->view();
+    click(*w, QStringLiteral("chkShowAge"));
+    EXPECT_TRUE(view->isColumnHidden(4));
+    EXPECT_FALSE(grid(*w)->column(4).visible);
+    click(*w, QStringLiteral("chkShowDayOfWeek"));
+    EXPECT_TRUE(view->isColumnHidden(2));
+    click(*w, QStringLiteral("chkShowAge"));
+    EXPECT_FALSE(view->isColumnHidden(4));
+    EXPECT_TRUE(view->isColumnHidden(2));
+}
+
+TEST_F(BirthdayWindowTest, GridLinesToggleEveryDivider)
+{
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    const auto styles = [w] {
+        QList<int> all{grid(*w)->rowDividerStyle()};
+        for (int col = 0; col < 5; ++col)
+            all << grid(*w)->columnDividerStyle(col);
+        return all;
+    };
+    EXPECT_EQ(styles(), QList<int>(6, grid::LightGrayLine)) << "the lines are on when the window is up";
+    w->GridLines();
+    EXPECT_EQ(styles(), QList<int>(6, grid::NoDividers));
+    w->GridLines();
+    EXPECT_EQ(styles(), QList<int>(6, grid::LightGrayLine));
+}
+
+TEST_F(BirthdayWindowTest, TheFontOfRecord7AppliesToTheGrid)
+{
+    QFont font(QStringLiteral("DejaVu Serif"), 15);
+    SaveFont(7, font);
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(grid(*w)->gridFont().family(), QStringLiteral("DejaVu Serif"));
+    EXPECT_EQ(grid(*w)->gridFont().pointSize(), 15);
+    EXPECT_EQ(PictureFont().pointSize(), 15);
+    ASSERT_TRUE(trigger(QStringLiteral("Bold")));
+    EXPECT_TRUE(grid(*w)->gridFont().bold()) << "the toolbar's Bold recomputes with the saved font";
+}
+
+TEST_F(BirthdayWindowTest, CloseGoesBackToTheListings)
+{
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    ASSERT_TRUE(guarded([w] { click(*w, QStringLiteral("cmdClose")); }));
+    EXPECT_EQ(forms::loaded<FrmBirthdayRpt>(), nullptr);
+    Form* book = forms::find(QStringLiteral("frmAddressBook"));
+    ASSERT_NE(book, nullptr);
+    EXPECT_TRUE(book->isFormVisible());
+    EXPECT_NE(openReport(), nullptr) << "the menu opens the report again";
+}
+
+TEST_F(BirthdayWindowTest, TheCloseBoxUnloadsTheWindow)
+{
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    ASSERT_TRUE(guarded([w] { w->outerWindow()->close(); }));
+    EXPECT_EQ(forms::loaded<FrmBirthdayRpt>(), nullptr);
+}
+
+TEST_F(BirthdayWindowTest, ABirthdayOn29FebruaryInACommonYearEndsTheProgram)
+{
+    addPerson(1, 1, QStringLiteral("Leap"), QStringLiteral("Day"), QDate(2000, 2, 29));
+    EXPECT_EQ(openReport(), nullptr);
+    EXPECT_TRUE(programEnded());
+    ASSERT_EQ(dialogs().messages().size(), 1u);
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Error: 13\n Text: Type mismatch")))
+        << lastMessage().text.toStdString();
+    EXPECT_TRUE(lastMessage().text.endsWith(QStringLiteral("The program will end now.")));
+    EXPECT_FALSE(DB.isOpen());
+}
+
+TEST_F(BirthdayWindowTest, ACommonYearChosenOn29FebruaryEndsTheProgram)
+{
+    clock::pin(QDateTime(QDate(2028, 2, 29), QTime(12, 0)));
+    FrmBirthdayRpt* w = openReport();
+    ASSERT_NE(w, nullptr);
+    ASSERT_TRUE(chooseYear(*w, 2032)) << "a leap year is fine";
+    EXPECT_FALSE(chooseYear(*w, 2027));
+    EXPECT_TRUE(programEnded());
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Type mismatch")));
+}
