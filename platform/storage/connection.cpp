@@ -26,11 +26,29 @@ void Connection::close()
 {
     if (!db)
         return;
+    idle_.clear();
     while (sqlite3_stmt* stmt = sqlite3_next_stmt(db, nullptr))
         sqlite3_finalize(stmt);
     sqlite3_exec(db, "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr);
     sqlite3_close(db);
     db = nullptr;
+}
+
+sqlite3_stmt* Connection::takeIdle(const QString& sql)
+{
+    return idle_.take(sql);
+}
+
+void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt)
+{
+    constexpr int MostKept = 64;
+    if (idle_.contains(sql) || idle_.size() >= MostKept) {
+        sqlite3_finalize(stmt);
+        return;
+    }
+    sqlite3_reset(stmt);
+    sqlite3_clear_bindings(stmt);
+    idle_.insert(sql, stmt);
 }
 
 namespace {
@@ -89,6 +107,9 @@ std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode)
 Statement::Statement(Connection& connection, const QString& sql) : m_connection(&connection), m_sql(sql)
 {
     connection.requireOpen();
+    m_stmt = connection.takeIdle(sql);
+    if (m_stmt)
+        return;
     const QByteArray text = sql.toUtf8();
     const char* tail = nullptr;
     const int rc = sqlite3_prepare_v2(connection.db, text.constData(), int(text.size()), &m_stmt, &tail);
@@ -111,8 +132,13 @@ Statement::~Statement()
 
 void Statement::finalize()
 {
-    if (m_stmt && m_connection->isOpen())
-        sqlite3_finalize(m_stmt);
+    if (m_stmt && m_connection->isOpen()) {
+        // Queries are prepared afresh: their columns must follow changes of the tables.
+        if (m_trailing || sqlite3_stmt_readonly(m_stmt))
+            sqlite3_finalize(m_stmt);
+        else
+            m_connection->keepIdle(m_sql, m_stmt);
+    }
     m_stmt = nullptr;
 }
 

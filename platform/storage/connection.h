@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QVariant>
 
@@ -26,6 +27,14 @@ struct Connection {
     // Finalizes every statement still prepared, folds the WAL back into the
     // file and closes it, so that the file is whole on its own.
     void close();
+
+    // Prepared writes kept for their next use: the program runs the same few
+    // texts for every row it writes, and preparing is most of the cost.
+    sqlite3_stmt* takeIdle(const QString& sql);
+    void keepIdle(const QString& sql, sqlite3_stmt* stmt);
+
+private:
+    QHash<QString, sqlite3_stmt*> idle_;
 };
 
 enum class OpenMode { Existing, ReadOnly, Create };
