@@ -1,8 +1,19 @@
 // Laying out and painting a listing report of the largest database: 32767 listings, one individual each.
 
+#include "largeworld.h"
+
+#include "core/forms.h"
+#include "core/options.h"
+#include "core/session.h"
 #include "platform/report/reportlayout.h"
+#include "platform/report/reportviewer.h"
 #include "platform/report/reportpainter.h"
+#include "reports/frmaddressrpt.h"
 #include "reports/reportdefinitions.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <QImage>
 #include <QPainter>
@@ -68,5 +79,58 @@ void BM_PaintOnePageOnScreen(benchmark::State& state)
     }
 }
 BENCHMARK(BM_PaintOnePageOnScreen)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+// The three-column address report of the largest database through the program's own window.
+namespace {
+
+void openAddressReportWorld()
+{
+    LargeWorld::instance().open();
+    hb::ReportType = QStringLiteral("A");
+    hb::SetNOption(50, 3);
+    hb::SetNOption(10, -1);
+    hb::DB.execute(QStringLiteral("update roof set roofselected = true, rooflisted = true"));
+}
+
+// From the load of frmAddressRpt to its first page painted on screen.
+void BM_AddressReportFirstPageOnScreen(benchmark::State& state)
+{
+    openAddressReportWorld();
+    int pages = 0;
+    for (auto _ : state) {
+        hb::FrmAddressRpt& w = hb::forms::get<hb::FrmAddressRpt>();
+        w.viewer().repaint();
+        pages = w.viewer().pageCount();
+        state.PauseTiming();
+        hb::forms::unload(hb::FrmAddressRpt::staticFormName());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+    state.counters["pages"] = pages;
+    LargeWorld::instance().close();
+}
+BENCHMARK(BM_AddressReportFirstPageOnScreen)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The whole report laid out and written to a PDF file, as printing it to a PDF printer does.
+void BM_AddressReportWholePdf(benchmark::State& state)
+{
+    openAddressReportWorld();
+    hb::FrmAddressRpt& w = hb::forms::get<hb::FrmAddressRpt>();
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("address.pdf"));
+    int pages = 0;
+    for (auto _ : state) {
+        const ReportLayout layout(w.report(), w.reportData(), w.report().pageSize());
+        ReportPainter(layout).writePdf(path);
+        pages = layout.pageCount();
+    }
+    state.counters["pages"] = pages;
+    state.counters["MB"] = double(QFileInfo(path).size()) / 1e6;
+    hb::forms::unload(hb::FrmAddressRpt::staticFormName());
+    LargeWorld::instance().close();
+}
+BENCHMARK(BM_AddressReportWholePdf)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 }  // namespace

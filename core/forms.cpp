@@ -122,6 +122,8 @@ void UnloadForms()
 
 void ReloadReport()
 {
+    // Unloading a report that is being replaced must not bring the listings back.
+    ReturnToListings = false;
     forms::unload(QStringLiteral("frmAddressRpt"));
     QCoreApplication::processEvents();
     loadAddressReport();

@@ -4,12 +4,6 @@
 
 namespace hb {
 
-void loadAddressReport() {}
-void printAddressReport() {}
-void addressReportPrinterSetup() {}
-void addressReportPreview() {}
-void showPageSetup() {}
-void showSelectPrinter() {}
 void showLabels() {}
 void labelsPrint() {}
 void printMailPiece() {}

@@ -33,6 +33,9 @@ TEST_F(SelectListingsTest, LoadShowsListedNamesSortedWithTheirSelection)
         EXPECT_EQ(types(w)->selectedCount(), RoofTypeCount);
         EXPECT_FALSE(control<QRadioButton>(w, QStringLiteral("optFirstName"))->isVisible());
         EXPECT_EQ(title(w)->text(), QStringLiteral("Phone Report"));
+        // To look at the window as a user sees it.
+        if (const QByteArray folder = qgetenv("HB_REPORT_PNG_DIR"); !folder.isEmpty())
+            w.grab().save(QString::fromLocal8Bit(folder) + QStringLiteral("/select-window.png"));
         click(w, QStringLiteral("cmdCancel"));
     });
 }

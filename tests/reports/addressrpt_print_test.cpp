@@ -1,0 +1,110 @@
+#include "addressrpt_fixture.h"
+#include "printcapture.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+using namespace hb;
+
+namespace {
+
+int pdfPages(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray bytes = file.readAll();
+    if (!bytes.startsWith("%PDF"))
+        return -1;
+    static const QRegularExpression page(QStringLiteral("/Type\\s*/Page[^s]"));
+    return int(QString::fromLatin1(bytes).count(page));
+}
+
+} // namespace
+
+// The print path a user takes: the toolbar's print button, the printer dialog, the printer.
+class AddressReportPrintTest : public AddressReportFixture {
+protected:
+    void SetUp() override
+    {
+        AddressReportFixture::SetUp();
+        fillMore();
+        // PDFs land where HB_REPORT_PDF_DIR says, to be looked at; in a scratch folder otherwise.
+        const QByteArray keep = qgetenv("HB_REPORT_PDF_DIR");
+        folder = keep.isEmpty() ? scratch.path() : QString::fromLocal8Bit(keep);
+    }
+    static void fillMore()
+    {
+        for (int i = 100; i < 160; ++i) {
+            const QString last = QStringLiteral("Name%1").arg(i);
+            addListing({i, QStringLiteral("The %1 Family").arg(last), last, 0,
+                        {{QStringLiteral("Address1"), QStringLiteral("%1 Long Avenue North").arg(i)},
+                         {QStringLiteral("City"), QStringLiteral("Springfield")}, {QStringLiteral("State"), QStringLiteral("IL")},
+                         {QStringLiteral("Zip"), QStringLiteral("62701")},
+                         {QStringLiteral("Phone"), QStringLiteral("555-%1").arg(i, 4, 10, QLatin1Char('0'))},
+                         {QStringLiteral("Cell"), QStringLiteral("555-9%1").arg(i)}}});
+            for (int p = 0; p < i % 3; ++p)
+                addPerson(i, i * 10 + p, p ? QStringLiteral("Sam") : QStringLiteral("Alex"), last, QDate(1980, 1 + p, 5),
+                          {{QStringLiteral("WorkPhone"), QStringLiteral("555-7%1").arg(i * 10 + p)}});
+        }
+    }
+    QString print(const char* menu, const QString& file)
+    {
+        const QString path = folder + QLatin1Char('/') + file;
+        QFile::remove(path);
+        EXPECT_NE(open(menu), nullptr);
+        PrintCapture capture;
+        capture.toPdf(path);
+        dialogs().answerPrinter(true);
+        EXPECT_TRUE(trigger(QStringLiteral("Print")));
+        EXPECT_EQ(capture.printersChosen(), 1);
+        return path;
+    }
+
+    QTemporaryDir scratch;
+    QString folder;
+};
+
+TEST_F(AddressReportPrintTest, TheAddressReportPrintsThePagesSeenOnScreen)
+{
+    SetNOption(50, 3);
+    SetNOption(10, -1);
+    const QString pdf = print("mnuAddress", QStringLiteral("address-3col.pdf"));
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_GE(shown()->viewer().pageCount(), 1);
+    EXPECT_EQ(pdfPages(pdf), shown()->viewer().pageCount());
+}
+
+TEST_F(AddressReportPrintTest, ThePhoneReportPrintsThroughTheToolbar)
+{
+    SetNOption(50, 2);
+    SetNOption(9, -1);
+    const QString pdf = print("mnuPhone", QStringLiteral("phone-2col.pdf"));
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(pdfPages(pdf), shown()->viewer().pageCount());
+}
+
+TEST_F(AddressReportPrintTest, ACustomReportPrintsInLandscape)
+{
+    for (int option = 12; option <= 26; ++option)
+        SetNOption(option, 1);
+    SetNOption(50, 2);
+    Printer().setPageOrientation(QPageLayout::Landscape);
+    const QString pdf = print("mnuCustom", QStringLiteral("custom-landscape-2col.pdf"));
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->report().name, QStringLiteral("lAddress2Col"));
+    EXPECT_EQ(pdfPages(pdf), shown()->viewer().pageCount());
+}
+
+TEST_F(AddressReportPrintTest, ACancelledPrinterDialogPrintsNothing)
+{
+    const QString path = folder + QStringLiteral("/cancelled.pdf");
+    QFile::remove(path);
+    ASSERT_NE(open("mnuAddress"), nullptr);
+    PrintCapture capture;
+    capture.toPdf(path);
+    dialogs().answerPrinter(false);
+    EXPECT_TRUE(trigger(QStringLiteral("Print")));
+    EXPECT_FALSE(QFile::exists(path));
+}

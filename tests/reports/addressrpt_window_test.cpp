@@ -1,0 +1,155 @@
+#include "addressrpt_fixture.h"
+
+#include "platform/ui/listbox.h"
+#include "reports/frmselect.h"
+
+#include <QMdiSubWindow>
+#include <QRadioButton>
+
+using namespace hb;
+
+class AddressReportWindowTest : public AddressReportFixture {
+protected:
+    static int indexOfText(const QStringList& texts, const QString& part)
+    {
+        for (int i = 0; i < texts.size(); ++i) {
+            if (texts[i].contains(part))
+                return i;
+        }
+        return -1;
+    }
+    void expectListByOrder(FrmAddressRpt& w)
+    {
+        const QStringList texts = pageTexts(w);
+        const int adams = indexOfText(texts, QStringLiteral("Adams Bakery"));
+        const int baker = indexOfText(texts, QStringLiteral("Bob Baker"));
+        const int clark = indexOfText(texts, QStringLiteral("The Clark Family"));
+        EXPECT_GE(adams, 0);
+        EXPECT_LT(adams, baker);
+        EXPECT_LT(baker, clark);
+    }
+};
+
+TEST_F(AddressReportWindowTest, OpensMaximisedWithTitleNamesInListByOrderAndFooter)
+{
+    SetSOption(5, QStringLiteral("Our Friends"));
+    FrmAddressRpt* w = open("mnuAddress");
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->windowTitle(), QStringLiteral("Our Friends"));
+    EXPECT_TRUE(w->outerWindow()->isMaximized());
+    EXPECT_EQ(w->viewer().zoomValue(), 100);
+    EXPECT_EQ(w->viewer().currentPage(), 1);
+    const QStringList texts = pageTexts(*w);
+    ASSERT_FALSE(texts.isEmpty());
+    EXPECT_EQ(texts.first(), QStringLiteral("Our Friends"));
+    expectListByOrder(*w);
+    EXPECT_GE(indexOfText(texts, QStringLiteral("11/22/2026")), 0) << texts.join(QLatin1Char('|')).toStdString();
+    EXPECT_GE(indexOfText(texts, QStringLiteral("Adams")), 0);
+    EXPECT_TRUE(texts.last().contains(QLatin1Char('1'))) << "the page number closes the page";
+    EXPECT_EQ(w->property("HelpContextID").toString(), QStringLiteral("2190"));
+    // To look at the window as a user sees it.
+    if (const QByteArray folder = qgetenv("HB_REPORT_PNG_DIR"); !folder.isEmpty())
+        FrmMDI::instance()->grab().save(QString::fromLocal8Bit(folder) + QStringLiteral("/address-window.png"));
+}
+
+TEST_F(AddressReportWindowTest, OnlySelectedListingsArePrinted)
+{
+    FrmAddressRpt* w = open("mnuAddress");
+    ASSERT_NE(w, nullptr);
+    DB.execute(QStringLiteral("update roof set roofselected = false where roofnumber = 3"));
+    ASSERT_TRUE(guarded([] { ReturnToListings = false; ReloadReport(); }));
+    EXPECT_FALSE(allText(*shown()).contains(QStringLiteral("Bob Baker")));
+    EXPECT_TRUE(allText(*shown()).contains(QStringLiteral("Adams Bakery")));
+}
+
+TEST_F(AddressReportWindowTest, EveryColumnCountAndOrientationPrintsTheSameListings)
+{
+    for (bool portrait : {true, false}) {
+        Printer().setPageOrientation(portrait ? QPageLayout::Portrait : QPageLayout::Landscape);
+        for (int columns = 1; columns <= 3; ++columns) {
+            SetNOption(50, columns);
+            ASSERT_TRUE(shown() ? guarded([] { ReturnToListings = false; ReloadReport(); }) : open("mnuAddress") != nullptr);
+            FrmAddressRpt* w = shown();
+            ASSERT_NE(w, nullptr);
+            EXPECT_EQ(w->report().name, QStringLiteral("%1Address%2Col").arg(portrait ? "" : "l").arg(columns));
+            EXPECT_EQ(w->report().columns, columns);
+            EXPECT_TRUE(control<QRadioButton>(*w, QStringLiteral("optXUp_%1").arg(columns - 1))->isChecked());
+            EXPECT_EQ(pageTexts(*w).first(), QStringLiteral("Address Report")) << pageTexts(*w).join(QLatin1Char('|')).toStdString();
+            expectListByOrder(*w);
+        }
+    }
+}
+
+TEST_F(AddressReportWindowTest, AColumnOptionOfZeroGivesOneColumnAndStoresNothing)
+{
+    SetNOption(50, 0);
+    FrmAddressRpt* w = open("mnuAddress");
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->report().columns, 1);
+    EXPECT_EQ(GetNOption(50), 0);
+}
+
+TEST_F(AddressReportWindowTest, AChosenColumnCountIsStoredAndSurvivesTheNextOpening)
+{
+    FrmAddressRpt* w = open("mnuAddress");
+    ASSERT_NE(w, nullptr);
+    ASSERT_TRUE(guarded([&] { control<QRadioButton>(*w, QStringLiteral("optXUp_2"))->click(); }));
+    EXPECT_EQ(GetNOption(50), 3);
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->report().name, QStringLiteral("Address3Col"));
+    FrmAddressRpt* again = open("mnuPhone");
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(again->report().columns, 3);
+}
+
+TEST_F(AddressReportWindowTest, SelectNarrowsTheReportAndBuildsTheColumnTable)
+{
+    FrmAddressRpt* w = open("mnuAddress");
+    ASSERT_NE(w, nullptr);
+    dialogs().onModal([](QWidget& window) {
+        auto* names = control<ui::ListBox>(window, QStringLiteral("lstSelections"));
+        for (int i = 0; i < names->listCount(); ++i)
+            names->setSelected(i, names->list(i).startsWith(QStringLiteral("Adams")));
+        click(window, QStringLiteral("cmdCompute"));
+    });
+    ASSERT_TRUE(guarded([&] { click(*w, QStringLiteral("cmdSelect")); }));
+    ASSERT_NE(shown(), nullptr);
+    const QString text = allText(*shown());
+    EXPECT_TRUE(text.contains(QStringLiteral("Adams Bakery")));
+    EXPECT_FALSE(text.contains(QStringLiteral("Bob Baker")));
+    Recordset rows = DB.openRecordset(QStringLiteral("Select * from RptAddress where Roof1 = 'Adams Bakery '"));
+    EXPECT_FALSE(rows.eof());
+}
+
+TEST_F(AddressReportWindowTest, CloseBlanksTheReportTypeAndShowsTheListings)
+{
+    FrmAddressRpt* w = open("mnuAddress");
+    ASSERT_NE(w, nullptr);
+    ASSERT_TRUE(guarded([&] { click(*w, QStringLiteral("cmdClose")); }));
+    EXPECT_EQ(ReportType, QStringLiteral(" "));
+    EXPECT_EQ(shown(), nullptr);
+    EXPECT_TRUE(IsFormLoaded("frmAddressBook"));
+}
+
+TEST_F(AddressReportWindowTest, ATitleWithADoubleQuoteEndsTheProgramThroughTheStandardReport)
+{
+    SetSOption(5, QStringLiteral("The \"Best\" Friends"));
+    EXPECT_FALSE(trigger(QStringLiteral("mnuAddress")));
+    ASSERT_FALSE(dialogs().messages().empty());
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Title"))) << lastMessage().text.toStdString();
+}
+
+TEST_F(AddressReportWindowTest, TheColumnTableSaysNoneSelectedWhenTheTableIsEmpty)
+{
+    FrmAddressRpt* w = open("mnuAddress");
+    ASSERT_NE(w, nullptr);
+    DB.execute(QStringLiteral("delete from Person"));
+    DB.execute(QStringLiteral("delete from Roof"));
+    ASSERT_TRUE(guarded([&] { w->BuildAddressColumns(); }));
+    Recordset rows = DB.openRecordset(QStringLiteral("Select * from RptAddress order by SortKey"));
+    ASSERT_FALSE(rows.eof());
+    EXPECT_EQ(rows.value(QStringLiteral("Roof1")).toString(), QStringLiteral("None Selected "));
+    rows.moveNext();
+    ASSERT_FALSE(rows.eof());
+    EXPECT_EQ(rows.value(QStringLiteral("Roof1")).toString(), QString()) << "a separator row closes the block";
+}
