@@ -33,9 +33,6 @@ FrmAddressBook::FrmAddressBook() : Form(staticFormName(), true)
 {
     buildControls();
     connectHandlers();
-    // The frame's sub-window was made before the controls were; it takes their size now.
-    if (QWidget* outer = outerWindow(); outer != this)
-        outer->adjustSize();
 }
 
 void FrmAddressBook::connectHandlers()

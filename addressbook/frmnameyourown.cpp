@@ -39,9 +39,6 @@ FrmNameYourOwn::FrmNameYourOwn() : Form(staticFormName(), true)
 {
     buildControls();
     connectHandlers();
-    // The frame's sub-window was made before the controls were; it takes their size now.
-    if (QWidget* outer = outerWindow(); outer != this)
-        outer->adjustSize();
 }
 
 void FrmNameYourOwn::buildControls()

@@ -166,8 +166,7 @@ void FrmSelect::lstTypes_Click()
         else if (ReportType == QLatin1String("B"))
             addPersonsOfType(type);
     }
-    for (int i = 0; i < lstSelections->listCount(); ++i)
-        lstSelections->setSelected(i, true);
+    lstSelections->setAllSelected(true);
     if (lstSelections->listCount() > 0)
         lstSelections->setListIndex(0);
     NamesBusy = false;
@@ -209,8 +208,7 @@ void FrmSelect::addPersonsOfType(qint16 type)
 void FrmSelect::cmdTypesSelect_Click()
 {
     TypesLoading = true;
-    for (int i = 0; i < lstTypes->listCount(); ++i)
-        lstTypes->setSelected(i, true);
+    lstTypes->setAllSelected(true);
     QCoreApplication::processEvents();
     if (lstTypes->listCount() > 0)
         lstTypes->setListIndex(0);
@@ -221,8 +219,7 @@ void FrmSelect::cmdTypesSelect_Click()
 void FrmSelect::cmdTypesClear_Click()
 {
     TypesLoading = true;
-    for (int i = 0; i < lstTypes->listCount(); ++i)
-        lstTypes->setSelected(i, false);
+    lstTypes->setAllSelected(false);
     TypesLoading = false;
     lstSelections->clearList();
     DisplayCount();
@@ -231,8 +228,7 @@ void FrmSelect::cmdTypesClear_Click()
 void FrmSelect::cmdSelectNames_Click()
 {
     NamesBusy = true;
-    for (int i = 0; i < lstSelections->listCount(); ++i)
-        lstSelections->setSelected(i, true);
+    lstSelections->setAllSelected(true);
     if (lstSelections->listCount() > 0)
         lstSelections->setListIndex(0);
     NamesBusy = false;
@@ -242,8 +238,7 @@ void FrmSelect::cmdSelectNames_Click()
 void FrmSelect::cmdClearNames_Click()
 {
     NamesBusy = true;
-    for (int i = 0; i < lstSelections->listCount(); ++i)
-        lstSelections->setSelected(i, false);
+    lstSelections->setAllSelected(false);
     NamesBusy = false;
     DisplayCount();
 }

@@ -145,6 +145,14 @@ void ListBox::setSelected(int index, bool on)
     selectionModel()->select(model_->index(index), on ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
 }
 
+void ListBox::setAllSelected(bool on)
+{
+    if (listCount() == 0)
+        return;
+    const QItemSelection all(model_->index(0), model_->index(listCount() - 1));
+    selectionModel()->select(all, on ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
+}
+
 int ListBox::selectedCount() const { return selectionModel()->selectedIndexes().size(); }
 
 void ListBox::onCurrentChanged(const QModelIndex& current)

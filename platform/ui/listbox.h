@@ -30,6 +30,8 @@ public:
     void setListIndex(int index);
     bool selected(int index) const;
     void setSelected(int index, bool on);
+    // Every item of a multi-selection list at once, with one click().
+    void setAllSelected(bool on);
     int selectedCount() const;
 
 signals:
