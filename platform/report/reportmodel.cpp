@@ -9,7 +9,7 @@ namespace hb::report {
 
 namespace {
 
-// The number the designed-on platform gives an index outside a collection.
+// The number the program's first platform gave an index outside a collection.
 constexpr int SubscriptOutOfRange = 9;
 
 [[noreturn]] void outOfRange(int i)

@@ -74,7 +74,7 @@ public:
     const ReportObject& item(int i) const;
 };
 
-// The printer values a definition keeps, in the codes of the platform the program was designed on:
+// The printer values a definition keeps, in the codes of the program's first platform:
 // paper sizes 1 Letter, 5 Legal, 7 Executive, 8 A3, 9 A4, 11 A5; orientation 1 portrait, 2 landscape;
 // duplex 1 simplex, 2 long side, 3 short side.
 struct PrinterSettings {

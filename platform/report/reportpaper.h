@@ -2,7 +2,7 @@
 
 #include <QPageSize>
 
-// Paper size codes of the platform the program was designed on, as a definition stores them.
+// Paper size codes of the program's first platform, as a definition stores them.
 namespace hb::report {
 
 // Letter for a code this program does not know.
