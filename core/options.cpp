@@ -14,6 +14,19 @@ namespace {
 
 const QString criteria = QStringLiteral("[OptionNumber] = ");
 
+// The row of a query found for editing, or a new row with its key when there is none.
+Recordset editOrAdd(const QString& sql, const QString& keyField, int key)
+{
+    Recordset rs = DB.openRecordset(sql);
+    if (rs.eof()) {
+        rs.addNew();
+        rs.setValue(keyField, key);
+    } else {
+        rs.edit();
+    }
+    return rs;
+}
+
 void setNumber(int number, double value)
 {
     if (!DB.isOpen())
@@ -101,13 +114,8 @@ void SetMemoOption(int number, const QString& value)
 {
     if (!DB.isOpen())
         return;
-    Recordset rs = DB.openRecordset(QStringLiteral("select * from memooptions where optionnumber = ") + QString::number(number));
-    if (rs.eof()) {
-        rs.addNew();
-        rs.setValue(QStringLiteral("OptionNumber"), number);
-    } else {
-        rs.edit();
-    }
+    Recordset rs = editOrAdd(QStringLiteral("select * from memooptions where optionnumber = ") + QString::number(number),
+                             QStringLiteral("OptionNumber"), number);
     rs.setValue(QStringLiteral("Option"), value);
     rs.update();
 }
@@ -193,13 +201,7 @@ void SaveFontRecord(int id, const FontRecord& source)
 {
     if (!DB.isOpen())
         return;
-    Recordset rs = DB.openRecordset(QStringLiteral("select * from font where id = ") + QString::number(id));
-    if (rs.eof()) {
-        rs.addNew();
-        rs.setValue(QStringLiteral("ID"), id);
-    } else {
-        rs.edit();
-    }
+    Recordset rs = editOrAdd(QStringLiteral("select * from font where id = ") + QString::number(id), QStringLiteral("ID"), id);
     rs.setValue(QStringLiteral("Name"), source.name);
     rs.setValue(QStringLiteral("Bold"), source.bold);
     rs.setValue(QStringLiteral("Charset"), source.charset);
