@@ -12,6 +12,5 @@ void reloadMailPiecePreview() {}
 void showBackup() {}
 void showImport() {}
 void showOptions() {}
-void showDialer() {}
 
 } // namespace hb
