@@ -9,8 +9,8 @@ void labelsPrint() {}
 void printMailPiece() {}
 void mailPiecePageSetup() {}
 void reloadMailPiecePreview() {}
+void showReturnAddress() {}
 void showBackup() {}
 void showImport() {}
-void showOptions() {}
 
 } // namespace hb
