@@ -5,6 +5,7 @@
 #include "core/session.h"
 #include "core/setup.h"
 #include "tools/formabout.h"
+#include "snapshot.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -68,6 +69,7 @@ TEST_F(AboutTest, TheLinksOpenTheMakersMailAndWebSiteAndTheBuildIsShown)
     ASSERT_TRUE(startProgram());
     EXPECT_EQ(control<QLabel>(about(), QStringLiteral("LabelBuild"))->text(), QStringLiteral("Build: 2.0.0"));
     EXPECT_EQ(displayAbout()->text(), QStringLiteral("Display on Program Start"));
+    snapshot(about(), "FormAbout");
     ASSERT_TRUE(guarded([] { press(about(), "Label7"); }));
     ASSERT_TRUE(guarded([] { press(about(), "Label8"); }));
     ASSERT_EQ(dialogs().urlsOpened().size(), 2);

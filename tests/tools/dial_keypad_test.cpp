@@ -1,4 +1,5 @@
 #include "dialfixture.h"
+#include "snapshot.h"
 
 #include <QLabel>
 
@@ -20,6 +21,7 @@ TEST_F(DialKeypadTest, TheWindowShowsItsCaptionsAndTheNumberOffered)
         EXPECT_EQ(control<QPushButton>(w, QStringLiteral("cmdDialUsing"))->text(), QStringLiteral("Dial U&sing"));
         EXPECT_EQ(control<QPushButton>(w, QStringLiteral("cmdDialProperties"))->text(), QStringLiteral("&Properties"));
         EXPECT_EQ(control<QPushButton>(w, QStringLiteral("cmdClose"))->text(), QStringLiteral("Close"));
+        snapshot(w, "frmDial");
         press(w, QStringLiteral("cmdClose"));
     });
     EXPECT_EQ(forms::loaded<FrmDial>(), nullptr) << "Close unloads the window";

@@ -1,5 +1,6 @@
 #include "dialfixture.h"
 #include "fakemodem.h"
+#include "snapshot.h"
 
 #include "core/options.h"
 
@@ -19,6 +20,7 @@ protected:
     {
         dialogs().onModal([&](QWidget& using_) {
             EXPECT_EQ(using_.windowTitle(), QStringLiteral("Dial Using"));
+            snapshot(using_, "DialUsing");
             auto* line = control<QComboBox>(using_, QStringLiteral("cmbLine"));
             line->lineEdit()->selectAll();
             QTest::keyClicks(line->lineEdit(), port);
@@ -69,6 +71,7 @@ TEST_F(DialLinesTest, AModemCallShowsTheAnswerAndHangsUpWhenTheUserTalks)
             EXPECT_EQ(status(progress)->text(),
                       QStringLiteral("The number has been dialed. Pick up the handset, then press Talk."));
             EXPECT_FALSE(modem.commands().contains("ATH"));
+            snapshot(progress, "DialProgress");
             press(progress, QStringLiteral("cmdTalk"));
         });
         press(w, QStringLiteral("cmdDial"));
@@ -146,6 +149,7 @@ TEST_F(DialLinesTest, PropertiesAreStoredOnOkAndShownAgainNextTime)
     withDialer([&](QWidget& w) {
         dialogs().onModal([](QWidget& p) {
             EXPECT_EQ(p.windowTitle(), QStringLiteral("Dialing Properties"));
+            snapshot(p, "DialProperties");
             QTest::mouseClick(control<QRadioButton>(p, QStringLiteral("optPulse")), Qt::LeftButton);
             QTest::keyClicks(control<QLineEdit>(p, QStringLiteral("txtPrefix")), QStringLiteral("9,"));
             auto* wait = control<QSpinBox>(p, QStringLiteral("spnWait"));

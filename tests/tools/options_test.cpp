@@ -3,6 +3,7 @@
 #include "platform/ui/tabstrip.h"
 #include "reports/frmbirthdayrpt.h"
 #include "tools/formoptions.h"
+#include "snapshot.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -84,6 +85,7 @@ TEST_F(OptionsWindowTest, TheTabsShowTheirOwnFrameCentredOnThePanel)
         EXPECT_TRUE(visible(w, "FrameReportSettings"));
         EXPECT_FALSE(visible(w, "FrameEnvelopeSettings"));
         EXPECT_TRUE(visible(w, "FrameGeneralSettings"));
+        snapshot(w, "FormOptions-reports");
         for (const char* frame : {"FrameReportSettings", "FrameEnvelopeSettings"}) {
             const QRect placed = control<QGroupBox>(w, QString::fromLatin1(frame))->geometry();
             EXPECT_LE(std::abs(placed.center().x() - strip->clientRect().center().x()), 1) << frame;
@@ -93,6 +95,7 @@ TEST_F(OptionsWindowTest, TheTabsShowTheirOwnFrameCentredOnThePanel)
         EXPECT_EQ(strip->selectedKey(), QStringLiteral("envelopes"));
         EXPECT_FALSE(visible(w, "FrameReportSettings"));
         EXPECT_TRUE(visible(w, "FrameEnvelopeSettings"));
+        snapshot(w, "FormOptions-envelopes");
         chooseTab(w, 0);
         EXPECT_TRUE(visible(w, "FrameReportSettings"));
         press(w, "CommandCancel");
