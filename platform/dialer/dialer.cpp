@@ -27,8 +27,8 @@ void Dialer::Dial(QWidget* window, const QString& number, const QString& /*calle
 
 void Dialer::dialDesktop(const QString& number)
 {
-    // tel: links take the number as people write it, without blanks (RFC 3966 allows the dashes).
-    QString link = dialString(settings_, number);
+    // The outside-line prefix belongs to the modem's line; the desktop's phone dials the number alone.
+    const QString link = dialString(DialerSettings(), number);
     if (!ui::windows().openUrl(QStringLiteral("tel:") + link)) {
         ui::msgBox(QStringLiteral("No program on this computer places calls from telephone links. Install a "
                                   "softphone or pair a mobile phone, or choose a modem with Dial Using."),

@@ -33,6 +33,7 @@ protected:
 
 TEST_F(DialLinesTest, WithoutAModemTheTrimmedNumberGoesToTheDesktopAsATelLink)
 {
+    SetSOption(401, QStringLiteral("9,"));  // the modem's outside line, not the desktop's
     DialNumber = QStringLiteral("  +1 555 0100 ");
     withDialer([this](QWidget& w) {
         press(w, QStringLiteral("cmdDial"));
