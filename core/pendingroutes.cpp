@@ -9,9 +9,8 @@ void labelsPrint() {}
 void printMailPiece() {}
 void mailPiecePageSetup() {}
 void reloadMailPiecePreview() {}
+void showReturnAddress() {}
 void showBackup() {}
 void showImport() {}
-void showOptions() {}
-void showDialer() {}
 
 } // namespace hb

@@ -31,6 +31,7 @@ void labelsPrint();                // cmdPrint_Click of frmLabels
 void printMailPiece();             // print of frmMailIt
 void mailPiecePageSetup();         // page setup of frmMailIt
 void reloadMailPiecePreview();     // the preview reload of frmMailIt
+void showReturnAddress();          // FormRetAddr, modally
 
 // Data exchange.
 void showBackup();                 // frmBackup in the mode of BackupMode

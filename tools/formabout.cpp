@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPalette>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -27,12 +28,20 @@ QLabel* makeLabel(QWidget* parent, const char* name, const QString& text)
     return label;
 }
 
+// A label that reads as a link; a click anywhere on it opens its target (see eventFilter).
 QLabel* makeLink(QWidget* parent, const char* name, const QString& text, const QString& url)
 {
-    QLabel* label = makeLabel(parent, name, QStringLiteral("<a href=\"%1\">%2</a>").arg(url, text.toHtmlEscaped()));
+    QLabel* label = makeLabel(parent, name, text);
+    label->setProperty("link", url);
     label->setCursor(Qt::PointingHandCursor);
-    label->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
-    QObject::connect(label, &QLabel::linkActivated, label, [](const QString& link) { WebPage(link); });
+    label->setToolTip(url);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, palette.color(QPalette::Link));
+    label->setPalette(palette);
+    QFont font = label->font();
+    font.setUnderline(true);
+    label->setFont(font);
+    label->installEventFilter(parent);
     return label;
 }
 
@@ -118,6 +127,15 @@ void FormAbout::cmdOK_Click()
 }
 
 void FormAbout::CheckDisplayAbout_Click() { SetNOption(5, *CheckDisplayAbout); }
+
+bool FormAbout::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonRelease && watched->property("link").isValid()) {
+        WebPage(watched->property("link").toString());
+        return true;
+    }
+    return Form::eventFilter(watched, event);
+}
 
 void FormAbout::closeEvent(QCloseEvent* event)
 {

@@ -19,6 +19,7 @@ public:
     void cmdOK_Click();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:

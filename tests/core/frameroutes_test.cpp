@@ -279,11 +279,15 @@ TEST_F(FrameRoutesTest, AutoDialOffersThePhoneOfTheListingOnScreen)
         UnloadForms();
         showAddressBook();
     }));
+    const auto closeDialer = [](QWidget& dialer) { dialer.close(); };
+    dialogs().onModal(closeDialer);
     ASSERT_TRUE(trigger(QStringLiteral("mnuAutoDial")));
     EXPECT_EQ(DialNumber, QStringLiteral("555-0101"));
+    EXPECT_EQ(dialogs().modalsShown(), QStringList{QStringLiteral("frmDial")});
     EXPECT_FALSE(dialogs().busy()) << "the pointer is back";
 
     ASSERT_TRUE(guarded([] { UnloadForms(); }));
+    dialogs().onModal(closeDialer);
     ASSERT_TRUE(trigger(QStringLiteral("mnuAutoDial")));
     EXPECT_EQ(DialNumber, QString()) << "no listings window, no number";
 }

@@ -1,0 +1,200 @@
+#include "dialfixture.h"
+#include "fakemodem.h"
+#include "snapshot.h"
+
+#include "core/options.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <QSpinBox>
+
+using namespace hb;
+
+namespace {
+
+class DialLinesTest : public DialFixture {
+protected:
+    // Chooses a line in Dial Using by typing it, as a user does for a port the system does not list.
+    void chooseLine(QWidget& w, const QString& port, bool accept = true)
+    {
+        dialogs().onModal([&](QWidget& using_) {
+            EXPECT_EQ(using_.windowTitle(), QStringLiteral("Dial Using"));
+            snapshot(using_, "DialUsing");
+            auto* line = control<QComboBox>(using_, QStringLiteral("cmbLine"));
+            line->lineEdit()->selectAll();
+            QTest::keyClicks(line->lineEdit(), port);
+            press(using_, accept ? QStringLiteral("cmdOK") : QStringLiteral("cmdCancel"));
+        });
+        press(w, QStringLiteral("cmdDialUsing"));
+    }
+    static QLabel* status(QWidget& progress) { return control<QLabel>(progress, QStringLiteral("lblStatus")); }
+};
+
+TEST_F(DialLinesTest, WithoutAModemTheTrimmedNumberGoesToTheDesktopAsATelLink)
+{
+    SetSOption(401, QStringLiteral("9,"));  // the modem's outside line, not the desktop's
+    DialNumber = QStringLiteral("  +1 555 0100 ");
+    withDialer([this](QWidget& w) {
+        press(w, QStringLiteral("cmdDial"));
+        EXPECT_EQ(dialogs().urlsOpened(), QStringList{QStringLiteral("tel:+15550100")});
+        EXPECT_TRUE(dialogs().messages().empty());
+        EXPECT_TRUE(w.isVisible()) << "the window stays open after dialing";
+        press(w, QStringLiteral("cmdClose"));
+    });
+}
+
+TEST_F(DialLinesTest, ADesktopWithoutAPhoneProgramSaysSo)
+{
+    dialogs().urlOpens = false;
+    DialNumber = QStringLiteral("555-0100");
+    withDialer([](QWidget& w) {
+        press(w, QStringLiteral("cmdDial"));
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(lastMessage().text, QStringLiteral("No program on this computer places calls from telephone links. Install a "
+                                                 "softphone or pair a mobile phone, or choose a modem with Dial Using."));
+    EXPECT_EQ(lastMessage().title, QStringLiteral("AutoDial"));
+}
+
+TEST_F(DialLinesTest, AModemCallShowsTheAnswerAndHangsUpWhenTheUserTalks)
+{
+    FakeModem modem;
+    ASSERT_TRUE(modem.isValid());
+    DialNumber = QStringLiteral(" 555 0100 ");
+    withDialer([&](QWidget& w) {
+        chooseLine(w, modem.portName());
+        dialogs().onModal([&](QWidget& progress) {
+            auto* talk = control<QPushButton>(progress, QStringLiteral("cmdTalk"));
+            EXPECT_TRUE(FakeModem::waitFor([&] { return talk->isEnabled(); }));
+            EXPECT_EQ(control<QLabel>(progress, QStringLiteral("lblNumber"))->text(), QStringLiteral("555 0100"))
+                << "the number handed over has no outer blanks";
+            EXPECT_EQ(status(progress)->text(),
+                      QStringLiteral("The number has been dialed. Pick up the handset, then press Talk."));
+            EXPECT_FALSE(modem.commands().contains("ATH"));
+            snapshot(progress, "DialProgress");
+            press(progress, QStringLiteral("cmdTalk"));
+        });
+        press(w, QStringLiteral("cmdDial"));
+        EXPECT_TRUE(FakeModem::waitFor([&] { return modem.commands().contains("ATH"); }));
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(modem.commands(), (QList<QByteArray>{"ATZ", "ATV1X4", "ATDT5550100;", "ATH"}));
+    EXPECT_EQ(GetSOption(400), modem.portName()) << "the line chosen is kept";
+}
+
+TEST_F(DialLinesTest, ABusyLineIsToldAndClosingTheWindowLeavesTheModemOnHook)
+{
+    FakeModem modem;
+    modem.answerDial("BUSY");
+    SetSOption(400, modem.portName());
+    DialNumber = QStringLiteral("5550100");
+    withDialer([&](QWidget& w) {
+        dialogs().onModal([&](QWidget& progress) {
+            EXPECT_TRUE(FakeModem::waitFor([&] { return status(progress)->text().contains(QStringLiteral("busy")); }));
+            EXPECT_EQ(status(progress)->text(), QStringLiteral("The line is busy. Try again later."));
+            EXPECT_FALSE(control<QPushButton>(progress, QStringLiteral("cmdTalk"))->isEnabled());
+            progress.close();
+        });
+        press(w, QStringLiteral("cmdDial"));
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(modem.commands().last(), QByteArray("ATH"));
+}
+
+TEST_F(DialLinesTest, HangingUpBeforeTheModemAnswersStopsTheCall)
+{
+    FakeModem modem;
+    modem.answerDial(QByteArray());
+    SetSOption(400, modem.portName());
+    DialNumber = QStringLiteral("5550100");
+    withDialer([&](QWidget& w) {
+        dialogs().onModal([&](QWidget& progress) {
+            EXPECT_TRUE(FakeModem::waitFor([&] { return modem.commands().size() == 3; }));
+            EXPECT_EQ(status(progress)->text(), QStringLiteral("Dialing 5550100..."));
+            press(progress, QStringLiteral("cmdHangUp"));
+        });
+        press(w, QStringLiteral("cmdDial"));
+        EXPECT_TRUE(FakeModem::waitFor([&] { return modem.commands().contains("ATH"); }));
+        press(w, QStringLiteral("cmdClose"));
+    });
+}
+
+TEST_F(DialLinesTest, AMissingPortIsNamedAndNothingIsDialed)
+{
+    DialNumber = QStringLiteral("5550100");
+    withDialer([&](QWidget& w) {
+        chooseLine(w, QStringLiteral("/dev/ttyNoSuchModem7"));
+        press(w, QStringLiteral("cmdDial"));
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(lastMessage().text, QStringLiteral("The port /dev/ttyNoSuchModem7 does not exist. Choose the modem's port "
+                                                 "with Dial Using."));
+    EXPECT_TRUE(dialogs().urlsOpened().isEmpty());
+    EXPECT_EQ(dialogs().modalsShown(), (QStringList{"frmDial", "DialUsing"})) << "no dialing window without a port";
+}
+
+TEST_F(DialLinesTest, CancellingDialUsingKeepsTheLine)
+{
+    withDialer([&](QWidget& w) {
+        chooseLine(w, QStringLiteral("/dev/ttyS9"), false);
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(GetSOption(400), QString());
+}
+
+TEST_F(DialLinesTest, PropertiesAreStoredOnOkAndShownAgainNextTime)
+{
+    FakeModem modem;
+    SetSOption(400, modem.portName());
+    withDialer([&](QWidget& w) {
+        dialogs().onModal([](QWidget& p) {
+            EXPECT_EQ(p.windowTitle(), QStringLiteral("Dialing Properties"));
+            snapshot(p, "DialProperties");
+            QTest::mouseClick(control<QRadioButton>(p, QStringLiteral("optPulse")), Qt::LeftButton);
+            QTest::keyClicks(control<QLineEdit>(p, QStringLiteral("txtPrefix")), QStringLiteral("9,"));
+            auto* wait = control<QSpinBox>(p, QStringLiteral("spnWait"));
+            wait->selectAll();
+            QTest::keyClicks(wait, QStringLiteral("20"));
+            press(p, QStringLiteral("cmdOK"));
+        });
+        press(w, QStringLiteral("cmdDialProperties"));
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(GetNOption(401), 1);
+    EXPECT_EQ(GetSOption(401), QStringLiteral("9,"));
+    EXPECT_EQ(GetNOption(402), 20);
+
+    DialNumber = QStringLiteral("555-0100");
+    withDialer([&](QWidget& w) {
+        dialogs().onModal([](QWidget& p) {
+            EXPECT_TRUE(control<QRadioButton>(p, QStringLiteral("optPulse"))->isChecked());
+            EXPECT_EQ(control<QLineEdit>(p, QStringLiteral("txtPrefix"))->text(), QStringLiteral("9,"));
+            press(p, QStringLiteral("cmdCancel"));
+        });
+        press(w, QStringLiteral("cmdDialProperties"));
+        dialogs().onModal([&](QWidget& progress) {
+            EXPECT_TRUE(FakeModem::waitFor([&] { return modem.commands().size() >= 3; }));
+            progress.close();
+        });
+        press(w, QStringLiteral("cmdDial"));
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(modem.commands().value(2), QByteArray("ATDP9,5550100;"));
+}
+
+TEST_F(DialLinesTest, CancelledPropertiesWriteNothing)
+{
+    withDialer([&](QWidget& w) {
+        dialogs().onModal([](QWidget& p) {
+            QTest::keyClicks(control<QLineEdit>(p, QStringLiteral("txtPrefix")), QStringLiteral("8"));
+            press(p, QStringLiteral("cmdCancel"));
+        });
+        press(w, QStringLiteral("cmdDialProperties"));
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(GetNOption(400), -1) << "no row was written";
+    EXPECT_EQ(GetSOption(401), QString());
+}
+
+} // namespace
