@@ -10,7 +10,6 @@ void printMailPiece() {}
 void mailPiecePageSetup() {}
 void reloadMailPiecePreview() {}
 void showBackup() {}
-void showImport() {}
 void showOptions() {}
 void showDialer() {}
 
