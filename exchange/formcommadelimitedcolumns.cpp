@@ -62,7 +62,8 @@ QStringList FormCommaDelimitedImport::freeFields() const
     excluded << QStringLiteral("rooftype") << QStringLiteral("roofselected") << QStringLiteral("rooflisted")
              << QStringLiteral("roofnumber");
     QStringList offered{NotAssigned};
-    for (const FieldDef& field : DB.tableDef(QStringLiteral("Roof"))->fields) {
+    const std::optional<TableDef> roof = DB.tableDef(QStringLiteral("Roof"));
+    for (const FieldDef& field : roof ? roof->fields : QList<FieldDef>()) {
         if (excluded.contains(field.name, Qt::CaseInsensitive))
             continue;
         const QString lowered = field.name.toLower();
