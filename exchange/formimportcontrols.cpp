@@ -25,7 +25,7 @@ void FormImport::buildControls()
 {
     using importui::button;
     using importui::place;
-    setFixedSize(ui::px(6840), ui::px(4440));
+    setFixedSize(ui::px(6840), ui::px(3720));
     Frame2 = place(new QGroupBox(QStringLiteral("Import Data From"), this), "Frame2", 240, 120, 4320, 1920);
     OptionImportHomebook =
         option(Frame2, "OptionImportHomebook", "Homebook", "Import from a comma delimited file", 300);

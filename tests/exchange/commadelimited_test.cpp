@@ -59,6 +59,7 @@ TEST_F(CommaDelimitedTest, AContactsExportWithAHeaderRowImportsFieldByField)
                                         QStringLiteral("Address2"), QStringLiteral("Country"), QStringLiteral("Fax")}));
         QTest::keyClick(control<QComboBox>(w, QStringLiteral("ComboCategory")), Qt::Key_Down);
         tickSkipFirstRow(w);
+        snapshot(w, QStringLiteral("comma-delimited"));
         press(w, "CommandImport");
     });
     EXPECT_EQ(lastMessage().text, summary(2));

@@ -80,6 +80,7 @@ TEST_F(ImportDriverTest, ANewRecordIsWrittenFieldByFieldWithTheNumberItReceived)
     EXPECT_TRUE(progress->isVisible());
     EXPECT_EQ(control<QLabel>(*progress, QStringLiteral("LabelProgress"))->text(), QStringLiteral("Importing record 1 of 4"));
     EXPECT_EQ(control<QProgressBar>(*progress, QStringLiteral("ProgressBar1"))->value(), 25);
+    snapshot(*progress, QStringLiteral("import-progress"));
 }
 
 TEST_F(ImportDriverTest, TheSecondOfTwoRowsOfOneNameRaisesTheQuestion)
