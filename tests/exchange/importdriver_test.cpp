@@ -4,6 +4,9 @@
 
 #include <QLabel>
 #include <QProgressBar>
+#include <QRadioButton>
+
+#include "core/schema.h"
 
 using namespace hb;
 
@@ -222,4 +225,43 @@ TEST_F(ImportDriverTest, TheSummaryGivesTheFourCounts)
     EXPECT_EQ(lastMessage().title, QStringLiteral("Import Successful"));
     EXPECT_EQ(lastMessage().text, QStringLiteral("Import Finished Successfully.\r\n\r\nRecords Imported: 5\r\n"
                                                  "Records Skipped: 2\r\nRecords Replaced: 1\r\nDuplicate Records Added: 4"));
+}
+
+// The Homebook source: the individuals filed under the number the listing received come along, and one of
+// the same listing and the same first and last name is overwritten, not doubled.
+TEST_F(ImportDriverTest, AHomebookSourceBringsTheIndividualsOfTheListing)
+{
+    const QString sourcePath = programDir() + QStringLiteral("other.mdb");
+    schema::createMainShell(sourcePath);
+    const Database main = DB;
+    DB = Database::open(sourcePath);
+    DB.execute(QStringLiteral("insert into Roof (RoofNumber, RoofName, SortName) values (1, 'x', 'x'), (2, 'y', 'y')"));
+    addPerson(1, 1, QStringLiteral("Ann"), QStringLiteral("O'Neil"), QDate(1980, 3, 4),
+              {{QStringLiteral("Work"), QStringLiteral("Acme")}});
+    addPerson(1, 2, QStringLiteral("Bob"), QStringLiteral("O'Neil"));
+    addPerson(2, 3, QStringLiteral("Cy"), QStringLiteral("Other"));
+    ImportDB = DB;
+    DB = main;
+    dialogs().onModal([&](QWidget& w) {
+        QTest::mouseClick(control<QRadioButton>(w, QStringLiteral("OptionImportHomebook")), Qt::LeftButton, {},
+                          QPoint(6, 6));
+        ImportRoofRecord r = record(QStringLiteral("The O'Neils"));
+        ImportOption option;
+        ImportCounters counters;
+        ImportHBRecord(r, option, counters, 1, 2);
+        answerDuplicate("CommandReplace");
+        ImportHBRecord(r, option, counters, 2, 2);   // the listing replaced keeps its number: no doubles
+        EXPECT_EQ(counters.Imported, 2);
+    });
+    ASSERT_TRUE(guarded([] { ui::showModal(forms::get<FormImport>()); }));
+    Recordset people = DB.openRecordset(QStringLiteral("select * from Person order by PersonNumber"));
+    QStringList found;
+    for (; !people.eof(); people.moveNext())
+        found << QStringLiteral("%1 %2 %3 %4 %5")
+                     .arg(people.value(QStringLiteral("RoofNumber")).toInt())
+                     .arg(people.value(QStringLiteral("FirstName")).toString(), people.value(QStringLiteral("LastName")).toString(),
+                          people.value(QStringLiteral("Work")).toString())
+                     .arg(people.value(QStringLiteral("BirthMonthNumber")).toInt());
+    EXPECT_EQ(found, (QStringList{QStringLiteral("1 Ann O'Neil Acme 3"), QStringLiteral("1 Bob O'Neil  0")}));
+    ImportDB.close();
 }
