@@ -11,6 +11,5 @@ void mailPiecePageSetup() {}
 void reloadMailPiecePreview() {}
 void showReturnAddress() {}
 void showBackup() {}
-void showImport() {}
 
 } // namespace hb

@@ -17,12 +17,14 @@ bool isTableName(const QString& text)
     return name.match(text).hasMatch() && !text.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
 }
 
-// Clauses after which a row of the result is no longer one row of the table.
+// Clauses after which a row of the result is no longer one row of the table. Words inside text literals
+// ('Union Station', "Group Having Inc") are data, not clauses.
 bool groupsRows(const QString& rest)
 {
+    static const QRegularExpression literals(QStringLiteral("'(?:[^']|'')*'|\"(?:[^\"]|\"\")*\""));
     static const QRegularExpression grouping(QStringLiteral("\\b(group\\s+by|having|union|intersect|except)\\b"),
                                              QRegularExpression::CaseInsensitiveOption);
-    return grouping.match(rest).hasMatch();
+    return grouping.match(QString(rest).replace(literals, QStringLiteral("''"))).hasMatch();
 }
 
 // Splits "where ... order by a, b desc" into "where ..." and the terms, when

@@ -302,3 +302,18 @@ TEST_F(StorageRecordset, MovedRecordsetTakesOverAndTheSourceIsClosed)
 }
 
 }  // namespace
+
+TEST_F(StorageRecordset, WordsOfSqlInsideTextLiteralsLeaveASelectWritable)
+{
+    for (const char* name : {"Union Station", "Except Ltd", "Group Having Inc", "O''Brien \"Intersect\""}) {
+        SCOPED_TRACE(name);
+        Recordset rs = db.openRecordset(QStringLiteral("select * from roof where roofname = '%1'").arg(name));
+        rs.addNew();
+        rs.setValue("RoofNumber", 90);
+        rs.update();
+        EXPECT_EQ(db.openRecordset("select * from roof where roofnumber = 90").recordCount(), 1);
+        db.execute("delete from roof where roofnumber = 90");
+    }
+    Recordset grouped = db.openRecordset("select * from roof where roofname = 'a' union select * from roof");
+    EXPECT_EQ(errorOf([&] { grouped.addNew(); }), 3027);
+}

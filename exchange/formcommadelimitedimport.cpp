@@ -1,0 +1,198 @@
+#include "exchange/formcommadelimitedimport.h"
+
+#include "core/errors.h"
+#include "core/helpers.h"
+#include "core/misc.h"
+#include "core/session.h"
+#include "exchange/csvreader.h"
+#include "exchange/csvtablemodel.h"
+#include "exchange/formimport.h"
+#include "exchange/importdriver.h"
+#include "exchange/importwindows.h"
+#include "platform/ui/windowservice.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QLabel>
+
+namespace hb {
+
+namespace {
+
+const QString Unassigned = QStringLiteral("Click to Assign");
+
+// Where each assigned column goes in the record; the name columns have gone into the full name.
+QString* recordField(ImportRoofRecord& record, const QString& columnName)
+{
+    static const std::pair<const char*, QString ImportRoofRecord::*> fields[] = {
+        {"important date", &ImportRoofRecord::Anniversary}, {"anniversary", &ImportRoofRecord::Anniversary},
+        {"address1", &ImportRoofRecord::Address1}, {"address2", &ImportRoofRecord::Address2},
+        {"city", &ImportRoofRecord::City}, {"state", &ImportRoofRecord::State}, {"zip", &ImportRoofRecord::Zip},
+        {"country", &ImportRoofRecord::Country}, {"phone", &ImportRoofRecord::Phone},
+        {"cell", &ImportRoofRecord::Cell}, {"fax", &ImportRoofRecord::Fax}, {"email", &ImportRoofRecord::Email},
+        {"notes", &ImportRoofRecord::Notes}};
+    const QString lowered = columnName.toLower();
+    for (const auto& [name, member] : fields) {
+        if (lowered == QLatin1String(name))
+            return &(record.*member);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+FormCommaDelimitedImport::FormCommaDelimitedImport() : Form(staticFormName(), false)
+{
+    setWindowFlags(Qt::Dialog);
+    setWindowTitle(QStringLiteral("Comma Delimited Import"));
+    buildControls();
+}
+
+void FormCommaDelimitedImport::formLoad()
+{
+    ui::windows().setBusy(true);
+    QCoreApplication::processEvents();
+    const QString path = forms::get<FormImport>().Tag;
+    LabelSourceFile->setText(QStringLiteral("Source File: ") + path);
+    refused_ = !readSource(path);
+    fillTypes();
+    ColumnNames = QVector<QString>(model_->columnCount() + 1, Unassigned);
+    ColumnNames[0].clear();
+    ListByColumn = 0;
+    RefreshColumnNames();
+    ui::windows().setBusy(false);
+}
+
+// The file is read where it lies, so that a file in a read-only folder imports too. A file that is no
+// table of names is refused before anything is shown or written.
+bool FormCommaDelimitedImport::readSource(const QString& path)
+{
+    csv::ReadResult result = csv::readFile(path);
+    if (!result.ok()) {
+        ui::windows().setBusy(false);
+        const bool missing = result.failure == csv::Failure::Missing;
+        ui::msgBox(csv::failureMessage(result.failure), MsgWarning,
+                   missing ? QStringLiteral("File Error") : QStringLiteral("Import Error"));
+        return false;
+    }
+    model_->setRows(std::move(result.table.rows), result.table.columnCount);
+    return true;
+}
+
+void FormCommaDelimitedImport::fillTypes()
+{
+    for (int i = 1; i <= RoofTypeCount; ++i) {
+        ComboCategory->addItem(RoofTypeNames.value(i), int(RoofTypeNumbers.value(i)));
+        if (RoofTypeNumbers.value(i) == ImportTypeNumber)
+            ComboCategory->setCurrentIndex(ComboCategory->count() - 1);
+    }
+}
+
+QString FormCommaDelimitedImport::ColumnData(int row, int column) const
+{
+    if (column < 1)
+        return {};
+    return model_->cell(row - 1, column - 1);
+}
+
+QString FormCommaDelimitedImport::BuildFullName(int row, int firstColumn, int middleColumn, int lastColumn) const
+{
+    const QString first = ColumnData(row, firstColumn);
+    const QString middle = ColumnData(row, middleColumn);
+    const QString last = ColumnData(row, lastColumn);
+    QString result = first;
+    if (!middle.isEmpty())
+        result += QLatin1Char(' ') + middle + (middle.size() == 1 ? QStringLiteral(".") : QString());
+    if (!last.isEmpty())
+        result += QLatin1Char(' ') + last;
+    return result.trimmed();
+}
+
+void FormCommaDelimitedImport::CommandImport_Click()
+{
+    int firstColumn = 0, middleColumn = 0, lastColumn = 0;
+    if (!readyToImport(firstColumn, middleColumn, lastColumn))
+        return;
+    ui::windows().setBusy(true);
+    StandardHandler(QStringLiteral("CommandImport_Click")).run([&] { importRows(firstColumn, middleColumn, lastColumn); });
+    finish();
+}
+
+bool FormCommaDelimitedImport::readyToImport(int& firstColumn, int& middleColumn, int& lastColumn)
+{
+    if (std::all_of(ColumnNames.begin() + 1, ColumnNames.end(), [](const QString& n) { return n == Unassigned; })) {
+        ui::msgBox(QStringLiteral("You must have at least one column assigned for data to be imported."), MsgWarning,
+                   QStringLiteral("Import Error"));
+        return false;
+    }
+    for (int i = 1; i < ColumnNames.size(); ++i) {
+        const QString lowered = ColumnNames[i].toLower();
+        if (lowered == QLatin1String("first name"))
+            firstColumn = i;
+        else if (lowered == QLatin1String("middle name"))
+            middleColumn = i;
+        else if (lowered == QLatin1String("last name"))
+            lastColumn = i;
+    }
+    if (firstColumn == 0 && middleColumn == 0 && lastColumn == 0) {
+        ui::msgBox(QStringLiteral("You must include First, Middle or Last Name as a column for import."), MsgWarning,
+                   QStringLiteral("Import Error"));
+        return false;
+    }
+    if (ListByColumn < 1) {
+        const QString text = QStringLiteral(
+            "You have not selected a 'List By' column.  It's important to choose a column for this because your data "
+            "may not be sorted properly.  To choose a List By column, simply click on the column you want to use as "
+            "the List By column, even if it is already assigned.  This will allow you to assign the column to a field "
+            "(Last Name for example) and also use it for the List By column.\r\n\r\nDo you want to choose a List By "
+            "column now (Yes) or continue importing without a List By (No)?");
+        if (ui::msgBox(text, MsgYesNo, QStringLiteral("List By Warning")) == ui::AnswerYes)
+            return false;
+    }
+    return true;
+}
+
+void FormCommaDelimitedImport::importRows(int firstColumn, int middleColumn, int lastColumn)
+{
+    ImportRoofRecord record;
+    ImportOption option;
+    ImportCounters counters;
+    const int total = model_->rowCount();
+    for (int row = 1; row <= total; ++row) {
+        // The yield lets the progress window's cancel button be pressed.
+        QCoreApplication::processEvents();
+        if (CheckSkip1stRow->isChecked() && row == 1)
+            continue;
+        const QString fullName = BuildFullName(row, firstColumn, middleColumn, lastColumn);
+        record.clearText();
+        record.SortName = ListByColumn == 0 ? fullName : ColumnData(row, ListByColumn);
+        if (record.SortName.trimmed().isEmpty())
+            record.SortName = fullName;
+        record.RoofName = fullName;
+        record.RoofType = ComboCategory->currentData().toInt();
+        for (int i = 1; i < ColumnNames.size(); ++i) {
+            if (QString* field = recordField(record, ColumnNames[i]))
+                *field = ColumnData(row, i);
+        }
+        ImportHBRecord(record, option, counters, row, total);
+        if (option == QLatin1String("Cancel"))
+            break;
+    }
+    ShowImportSummary(counters);
+}
+
+void FormCommaDelimitedImport::finish()
+{
+    importwindows::unloadImportWindows();
+    ui::windows().setBusy(false);
+    if (auto* import = forms::loaded<FormImport>())
+        import->Tag = QStringLiteral("complete");
+    forms::unload(staticFormName());
+}
+
+void FormCommaDelimitedImport::CommandCancel_Click() { forms::unload(staticFormName()); }
+
+void FormCommaDelimitedImport::CommandHelp_Click() { ShowHelpTopic(QStringLiteral("2555")); }
+
+} // namespace hb

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "core/forms.h"
+
+#include <QVector>
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QTreeView;
+
+namespace hb {
+
+class CsvTableModel;
+
+// "Comma Delimited Import": the whole file in a list whose column heads assign the columns to the fields
+// of a listing, then the rows imported one by one. The file name comes in FormImport's Tag; a finished
+// import leaves "complete" there.
+class FormCommaDelimitedImport : public Form {
+    Q_OBJECT
+public:
+    FormCommaDelimitedImport();
+    static QString staticFormName() { return QStringLiteral("FormCommaDelimitedImport"); }
+
+    void formLoad() override;
+    // True when the file could not be read as rows; the user has been told and the window is not shown.
+    bool refused() const { return refused_; }
+
+    // Per column from 1, the field chosen; index 0 unused.
+    QVector<QString> ColumnNames;
+    qint16 ListByColumn = 0;
+
+    QString ColumnData(int row, int column) const;
+    QString BuildFullName(int row, int firstColumn, int middleColumn, int lastColumn) const;
+    void RefreshColumnNames();
+
+    void ListView1_ColumnClick(int column);
+    void CommandImport_Click();
+    void CommandCancel_Click();
+    void CommandHelp_Click();
+
+private:
+    void buildControls();
+    bool readSource(const QString& path);
+    void fillTypes();
+    void autoSizeColumns();
+    QStringList freeFields() const;
+    void assignColumn(int column, int selected, const QString& text);
+    bool readyToImport(int& firstColumn, int& middleColumn, int& lastColumn);
+    void importRows(int firstColumn, int middleColumn, int lastColumn);
+    void finish();
+
+    QLabel *LabelSourceFile, *Label1, *LabelAssignData, *Label2;
+    QTreeView* ListView1;
+    CsvTableModel* model_;
+    QGroupBox* Frame1;
+    QComboBox* ComboCategory;
+    QCheckBox* CheckSkip1stRow;
+    QPushButton *CommandImport, *CommandCancel, *CommandHelp;
+    bool refused_ = false;
+};
+
+} // namespace hb

@@ -1,0 +1,50 @@
+#pragma once
+
+// The one routine through which every file import writes listings, with the record, counts and standing
+// answer that a reader keeps across its rows. No widgets here: the windows of an import are reached
+// through importwindows.h, so that any reader can call this.
+
+#include <QString>
+
+namespace hb {
+
+// What a reader fills for one source row.
+struct ImportRoofRecord {
+    qint32 RoofNumber = 0;   // written here after an added row
+    qint32 RoofType = 0;
+    QString SortName, RoofName;
+    QString Address1, Address2, City, State, Zip, Country;
+    QString Phone, Cell, Fax, Email;
+    QString Anniversary;     // a date as text; written only when it reads as one
+    QString Notes;
+
+    // Every text field emptied; the numbers stay.
+    void clearText();
+};
+
+struct ImportCounters {
+    qint32 Imported = 0;
+    qint32 DuplicatesAdded = 0;
+    qint32 Skipped = 0;
+    qint32 Replaced = 0;
+};
+
+// The standing answer of an import: "", "SkipAllDuplicates", "ReplaceAllDuplicates", "AddAllDuplicates",
+// or "Cancel", which tells the reader to leave its loop.
+using ImportOption = QString;
+
+extern bool ImportCancelled;       // set by the cancel of the progress window; cleared when it loads
+extern qint32 ImportTypeNumber;    // the address type chosen in the import window
+
+// Writes one record: shows the progress, tests for a duplicate by name, asks or follows the standing
+// answer, adds or overwrites the listing and counts. The reader leaves its loop when option is "Cancel".
+void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounters& counters, qint32 index,
+                    qint32 total);
+// Copies the individuals that the open source database (ImportDB) files under record.RoofNumber.
+void ImportHBPersons(const ImportRoofRecord& record);
+
+// "Import Finished Successfully." with the four counts, as every reader ends.
+QString ImportSummaryText(const ImportCounters& counters);
+void ShowImportSummary(const ImportCounters& counters);
+
+} // namespace hb
