@@ -9,7 +9,6 @@ void labelsPrint() {}
 void printMailPiece() {}
 void mailPiecePageSetup() {}
 void reloadMailPiecePreview() {}
-void showBackup() {}
 void showImport() {}
 void showOptions() {}
 void showDialer() {}

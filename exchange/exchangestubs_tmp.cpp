@@ -1,0 +1,5 @@
+#include "exchange/frmbackup.h"
+namespace hb {
+void FrmBackup::ExportDatabase() {}
+void FrmBackup::ImportDatabase() {}
+}
