@@ -13,8 +13,8 @@
 // The program's help pages, copied from the sources into a test's program folder as the build ships them.
 inline void copyHelpInto(const QString& programDir)
 {
-    const QString source =
-        QString::fromStdString((std::filesystem::path(__FILE__).parent_path() / "../../help").lexically_normal().string());
+    // ctest names the source folder; compiled-in paths would be relative under ccache.
+    const QString source = qEnvironmentVariable("HB_SOURCE_DIR") + QStringLiteral("/help");
     QDir().mkpath(programDir + QStringLiteral("help"));
     QDirIterator files(source, QDir::Files);
     while (files.hasNext()) {
