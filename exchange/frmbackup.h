@@ -63,10 +63,15 @@ private:
     bool confirmBackUpOrRestore(const QString& chosen, bool backUp);
     bool copyWithDatabaseClosed(const QString& chosen, bool backUp);
 
+    bool writeExport(const QString& shell, const QString& target);
+
     // Steps of the import, in importdatabase.cpp.
-    QString importAction(Recordset& match);
-    void importRow(const QString& action, Recordset& file, Recordset& match);
+    void importRows();
+    QString importAction(const Recordset& file, Recordset& match);
+    void addImportedRoof(const Recordset& file);
+    void changeImportedRoof(const Recordset& file, Recordset& match);
     void importPersons(const QString& action, qint16 fileRoof, qint16 target);
+    void addImportedPerson(const Recordset& person, qint16 target);
 
     QLabel *lblFrom, *lblPathDesc, *lblDatabase, *lblTo, *Label1, *lblMessage;
     ui::ListBox *lstDatabase, *lstTypes;

@@ -1,5 +1,0 @@
-#include "exchange/frmbackup.h"
-namespace hb {
-void FrmBackup::ExportDatabase() {}
-void FrmBackup::ImportDatabase() {}
-}
