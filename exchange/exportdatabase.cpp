@@ -83,6 +83,8 @@ bool FrmBackup::writeExport(const QString& shell, const QString& target)
     try {
         storage::copyDatabaseFile(shell, scratch);
         ExportDB = Database::open(scratch, false, false, QString());
+        // The scratch file is nobody's until it is complete, so its rows go in as one write.
+        ExportDB.execute(QStringLiteral("begin"));
         ExportProgramVersion();
         ExportCount = 0;
         for (int i = 0; i < lstTypes->listCount(); ++i) {
@@ -94,6 +96,7 @@ bool FrmBackup::writeExport(const QString& shell, const QString& target)
             ExportRoofPerson();
         }
         lblMessage->clear();
+        ExportDB.execute(QStringLiteral("commit"));
         ExportDB.close();
         storage::copyDatabaseFile(scratch, target);
         files::removeDatabaseFile(scratch);
@@ -149,6 +152,8 @@ void FrmBackup::ExportRoofPerson()
     SQL = QStringLiteral("select * from Roof where RoofType =") + NumText(ExportTypeNumber);
     RoofRS = DB.openRecordset(SQL);
     Recordset roofs = ExportDB.openRecordset(QStringLiteral("Roof"));
+    // Opened once for all listings of the type: only rows are added to it.
+    Recordset persons = ExportDB.openRecordset(QStringLiteral("Person"));
     for (; !RoofRS.eof(); RoofRS.moveNext()) {
         roofs.addNew();
         ++ExportCount;
@@ -157,7 +162,6 @@ void FrmBackup::ExportRoofPerson()
         SQL = QStringLiteral("select * from Person where RoofNumber =")
             + NumText(RoofRS.value(QStringLiteral("RoofNumber")).toLongLong());
         PersonRS = DB.openRecordset(SQL);
-        Recordset persons = ExportDB.openRecordset(QStringLiteral("Person"));
         for (; !PersonRS.eof(); PersonRS.moveNext()) {
             persons.addNew();
             copyFields(PersonRS, persons, exportedPersonFields, std::size(exportedPersonFields));
@@ -166,10 +170,10 @@ void FrmBackup::ExportRoofPerson()
             persons.update();
         }
         PersonRS.close();
-        persons.close();
     }
     RoofRS.close();
     roofs.close();
+    persons.close();
 }
 
 } // namespace hb

@@ -86,6 +86,7 @@ private:
     qint16 ImportChangedCount = 0;
     // Row i holds a type number of the import file and the matching number in the main database.
     QVector<std::pair<qint16, qint16>> TypeConversion;
+    Recordset newRoofs, newPersons;   // where an import adds its rows
     qint16 NextRoofNumber = 0;
     qint16 NextPersonNumber = 0;
 };

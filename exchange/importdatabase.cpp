@@ -15,6 +15,7 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QSet>
 
 #include <algorithm>
 
@@ -80,9 +81,20 @@ void FrmBackup::ImportDatabase()
         }
         VersionRS.close();
         SetFramePointer(11);
+        // One write for the whole file: many thousand single writes would keep the user waiting. A
+        // failure keeps what was written before it, as single writes would have.
+        DB.execute(QStringLiteral("begin"));
         importRows();
+        DB.execute(QStringLiteral("commit"));
     } catch (const std::exception& failure) {
         // Rows already written stay; the window stays open.
+        try {
+            DB.execute(QStringLiteral("commit"));
+        } catch (const std::exception&) {
+            // No write was open.
+        }
+        newRoofs.close();
+        newPersons.close();
         ImportDB.close();
         lblMessage->clear();
         SetFramePointer(0);
@@ -159,18 +171,37 @@ void FrmBackup::ImportRoofPerson()
 {
     NextRoofNumber = GetNextRoofNumber();
     NextPersonNumber = GetNextPersonNumber();
+    // The names in the book, as the engine compares them, so that a name that can have no match is not
+    // looked for: the table has no index on names, and a search for each row of a large file would
+    // read the whole table each time.
+    QSet<QString> names;
+    RoofRS = DB.openRecordset(QStringLiteral("select RoofName from Roof"));
+    for (; !RoofRS.eof(); RoofRS.moveNext())
+        names.insert(NullToText(RoofRS.value(QStringLiteral("RoofName"))).toCaseFolded());
+    RoofRS.close();
+    // The two tables that take new rows stay open for the whole file: only rows are added to them.
+    newRoofs = DB.openRecordset(QStringLiteral("Roof"));
+    newPersons = DB.openRecordset(QStringLiteral("Person"));
     Recordset file = ImportDB.openRecordset(QStringLiteral("Roof"));
     for (; !file.eof(); file.moveNext()) {
-        SQL = QStringLiteral("Select * from Roof where RoofName = '") + quotedText(file, "RoofName") + QStringLiteral("'");
-        Recordset match = DB.openRecordset(SQL);
-        const QString action = importAction(file, match);
-        if (action == QLatin1String("A"))
+        const QString name = NullToText(file.value(QStringLiteral("RoofName")));
+        Recordset match;
+        if (names.contains(name.toCaseFolded())) {
+            SQL = QStringLiteral("Select * from Roof where RoofName = '") + DoubleQuotes(name) + QStringLiteral("'");
+            match = DB.openRecordset(SQL);
+        }
+        const QString action = match.isOpen() ? importAction(file, match) : QStringLiteral("A");
+        if (action == QLatin1String("A")) {
             addImportedRoof(file);
-        else if (action == QLatin1String("C"))
+            names.insert(name.toCaseFolded());
+        } else if (action == QLatin1String("C")) {
             changeImportedRoof(file, match);
+        }
         match.close();
     }
     file.close();
+    newRoofs.close();
+    newPersons.close();
 }
 
 // The question is asked against each listing of the name in turn, until one answer other than Skip.
@@ -210,14 +241,12 @@ QString FrmBackup::importAction(const Recordset& file, Recordset& match)
 void FrmBackup::addImportedRoof(const Recordset& file)
 {
     const qint16 target = counted(NextRoofNumber);
-    RoofRS = DB.openRecordset(QStringLiteral("Roof"));
-    RoofRS.addNew();
-    RoofRS.setValue(QStringLiteral("RoofNumber"), target);
-    RoofRS.setValue(QStringLiteral("RoofType"), ConvertedRoofType(static_cast<qint16>(file.value(QStringLiteral("RoofType")).toInt())));
-    RoofRS.setValue(QStringLiteral("RoofName"), file.value(QStringLiteral("RoofName")));
-    copyFields(file, RoofRS, changedRoofFields, std::size(changedRoofFields));
-    RoofRS.update();
-    RoofRS.close();
+    newRoofs.addNew();
+    newRoofs.setValue(QStringLiteral("RoofNumber"), target);
+    newRoofs.setValue(QStringLiteral("RoofType"), ConvertedRoofType(static_cast<qint16>(file.value(QStringLiteral("RoofType")).toInt())));
+    newRoofs.setValue(QStringLiteral("RoofName"), file.value(QStringLiteral("RoofName")));
+    copyFields(file, newRoofs, changedRoofFields, std::size(changedRoofFields));
+    newRoofs.update();
     ++ImportAddedCount;
     importPersons(QStringLiteral("A"), static_cast<qint16>(file.value(QStringLiteral("RoofNumber")).toInt()), target);
 }
@@ -261,15 +290,13 @@ void FrmBackup::importPersons(const QString& action, qint16 fileRoof, qint16 tar
 
 void FrmBackup::addImportedPerson(const Recordset& person, qint16 target)
 {
-    PersonRS = DB.openRecordset(QStringLiteral("Person"));
-    PersonRS.addNew();
-    PersonRS.setValue(QStringLiteral("RoofNumber"), target);
-    PersonRS.setValue(QStringLiteral("personnumber"), counted(NextPersonNumber));
-    PersonRS.setValue(QStringLiteral("personlisted"), false);
-    PersonRS.setValue(QStringLiteral("personselected"), false);
-    copyFields(person, PersonRS, personFields, std::size(personFields));
-    PersonRS.update();
-    PersonRS.close();
+    newPersons.addNew();
+    newPersons.setValue(QStringLiteral("RoofNumber"), target);
+    newPersons.setValue(QStringLiteral("personnumber"), counted(NextPersonNumber));
+    newPersons.setValue(QStringLiteral("personlisted"), false);
+    newPersons.setValue(QStringLiteral("personselected"), false);
+    copyFields(person, newPersons, personFields, std::size(personFields));
+    newPersons.update();
 }
 
 } // namespace hb

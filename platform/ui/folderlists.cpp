@@ -92,7 +92,9 @@ void FileListBox::fill()
     clearList();
     if (path_.isEmpty())
         return;
-    const QDir dir(path_, pattern_, QDir::Name | QDir::IgnoreCase, QDir::Files | QDir::Hidden);
+    // One pattern, or several joined by ";": a blank belongs to the name, as in "Quillon Names.mdb".
+    QDir dir(path_, QString(), QDir::Name | QDir::IgnoreCase, QDir::Files | QDir::Hidden);
+    dir.setNameFilters(pattern_.split(QLatin1Char(';'), Qt::SkipEmptyParts));
     for (const QString& name : dir.entryList()) {
         if (!name.startsWith(QLatin1Char('.')))
             addItem(name);
