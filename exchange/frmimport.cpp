@@ -1,6 +1,7 @@
 #include "exchange/frmimport.h"
 
 #include "core/misc.h"
+#include "platform/ui/captionlabel.h"
 #include "platform/ui/twips.h"
 
 #include <QGroupBox>
@@ -80,7 +81,8 @@ QGroupBox* FrmImport::buildFrame(const char* name, const char* caption, int left
     auto* frame = place(new QGroupBox(QString::fromLatin1(caption), this), name, left, 120, 4380, 2280);
     for (int i = 0; i < 7; ++i) {
         place(new QLabel(QString::fromLatin1(lines[i].headingCaption), frame), lines[i].heading, 120, 300 + i * 270, 1080, 255);
-        auto* value = place(new QLabel(frame), lines[i].value, 1260, 300 + i * 270, 3000, 255);
+        // Values go in doubled, as captions read a single "&" as an access key.
+        auto* value = place(new ui::CaptionLabel(frame), lines[i].value, 1260, 300 + i * 270, 3000, 255);
         value->setTextFormat(Qt::PlainText);
     }
     return frame;
