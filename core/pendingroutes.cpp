@@ -10,6 +10,5 @@ void printMailPiece() {}
 void mailPiecePageSetup() {}
 void reloadMailPiecePreview() {}
 void showReturnAddress() {}
-void showBackup() {}
 
 } // namespace hb

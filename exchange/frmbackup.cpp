@@ -1,0 +1,153 @@
+#include "exchange/frmbackup.h"
+
+#include "core/frame.h"
+#include "core/routes.h"
+#include "core/session.h"
+#include "platform/ui/folderlists.h"
+#include "platform/ui/listbox.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace hb {
+
+FrmBackup::FrmBackup() : Form(staticFormName(), true)
+{
+    setWindowTitle(QStringLiteral("Back Up Database"));
+    buildControls();
+    connectControls();
+}
+
+void FrmBackup::connectControls()
+{
+    connect(cmdOK, &QPushButton::clicked, this, &FrmBackup::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &FrmBackup::cmdCancel_Click);
+    connect(cmdAll, &QPushButton::clicked, this, &FrmBackup::cmdAll_Click);
+    connect(cmdClear, &QPushButton::clicked, this, &FrmBackup::cmdClear_Click);
+    connect(Dir1, &ui::DirListBox::change, this, &FrmBackup::Dir1_Change);
+    connect(File1, &ui::FileListBox::pathChange, this, &FrmBackup::File1_PathChange);
+    Dir1->installEventFilter(this);
+}
+
+void FrmBackup::formLoad()
+{
+    setUpMode();
+    CenterForm(*this);
+    // The backup folder is made with the program; one that has gone missing is made again.
+    const QString backupFolder = DataPath + QStringLiteral("backup");
+    QDir().mkpath(backupFolder);
+    if (!Dir1->setPath(backupFolder))
+        Dir1->setPath(DataPath);
+}
+
+void FrmBackup::setUpMode()
+{
+    const QString mainFile = DataPath + QStringLiteral("varlo.mdb");
+    lblPathDesc->setText(mainFile);
+    if (BackupMode == QLatin1String("B")) {
+        for (QWidget* w : {static_cast<QWidget*>(txtFileName), static_cast<QWidget*>(File1), static_cast<QWidget*>(lstTypes),
+                           static_cast<QWidget*>(cmdAll), static_cast<QWidget*>(cmdClear)})
+            w->hide();
+        lstDatabase->addItem(QStringLiteral("varlo.mdb"));
+        lstDatabase->setListIndex(0);
+    } else if (BackupMode == QLatin1String("R") || BackupMode == QLatin1String("I")) {
+        for (QWidget* w : {static_cast<QWidget*>(txtFileName), static_cast<QWidget*>(lstDatabase),
+                           static_cast<QWidget*>(lstTypes), static_cast<QWidget*>(cmdAll), static_cast<QWidget*>(cmdClear)})
+            w->hide();
+        lblTo->setText(QStringLiteral("From Drive:"));
+        if (BackupMode == QLatin1String("R")) {
+            setWindowTitle(QStringLiteral("Restore Database"));
+            lblFrom->setText(QStringLiteral("Restore Quillon Homebook Database to:"));
+            File1->setPattern(QStringLiteral("varlo.mdb"));
+        } else {
+            setWindowTitle(QStringLiteral("Import Names and Addresses"));
+            lblFrom->setText(QStringLiteral("Import names and addresses to:"));
+        }
+    } else if (BackupMode == QLatin1String("E")) {
+        File1->hide();
+        lstDatabase->hide();
+        lblPathDesc->hide();
+        setWindowTitle(QStringLiteral("Export Names and Addresses"));
+        lblFrom->setText(QStringLiteral("Export names and addresses to the following database:"));
+        lblDatabase->setText(QStringLiteral("Export Address Types:"));
+        for (int i = 1; i <= RoofTypeCount; ++i)
+            lstTypes->addItem(RoofTypeNames.value(i), RoofTypeNumbers.value(i));
+    }
+}
+
+void FrmBackup::Dir1_Change() { File1->setPath(Dir1->path()); }
+
+// A folder only highlighted by the keyboard counts once the focus leaves the list.
+void FrmBackup::Dir1_LostFocus()
+{
+    if (Dir1->listIndex() >= 0)
+        Dir1->setPath(Dir1->listPath(Dir1->listIndex()));
+}
+
+bool FrmBackup::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == Dir1 && event->type() == QEvent::FocusOut)
+        Dir1_LostFocus();
+    return Form::eventFilter(watched, event);
+}
+
+void FrmBackup::File1_PathChange()
+{
+    if (File1->listCount() > 0)
+        File1->setListIndex(0);
+}
+
+void FrmBackup::cmdAll_Click()
+{
+    lstTypes->setAllSelected(true);
+    if (lstTypes->listCount() > 0)
+        lstTypes->setListIndex(0);
+}
+
+void FrmBackup::cmdClear_Click()
+{
+    lstTypes->setAllSelected(false);
+    if (lstTypes->listCount() > 0)
+        lstTypes->setListIndex(0);
+}
+
+QString FrmBackup::chosenPath() const
+{
+    QString path = Dir1->path();
+    if (!path.endsWith(QLatin1Char('/')))
+        path += QLatin1Char('/');
+    return path;
+}
+
+void FrmBackup::cmdCancel_Click() { returnToListings(); }
+
+void FrmBackup::returnToListings()
+{
+    forms::unload(staticFormName());
+    showAddressBook();
+    UpdateToolbar(QStringLiteral("Select"));
+}
+
+// The close box leaves as Cancel does, so that the listings come back.
+void FrmBackup::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    returnToListings();
+}
+
+void FrmBackup::cmdOK_Click()
+{
+    if (BackupMode == QLatin1String("E"))
+        ExportDatabase();
+    else if (BackupMode == QLatin1String("I"))
+        ImportDatabase();
+    else
+        backUpOrRestore();
+}
+
+void showBackup() { forms::get<FrmBackup>().setFormVisible(true); }
+
+} // namespace hb

@@ -1,0 +1,145 @@
+#include "platform/storage/safecopy.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
+
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <memory>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace hb::storage {
+
+namespace {
+
+struct Closer {
+    void operator()(sqlite3* db) const { sqlite3_close_v2(db); }
+};
+using Handle = std::unique_ptr<sqlite3, Closer>;
+
+Handle openFile(const QString& path, int flags, QString* reason)
+{
+    sqlite3* db = nullptr;
+    const int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &db, flags, nullptr);
+    Handle handle(db);
+    if (rc != SQLITE_OK) {
+        *reason = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");
+        handle.reset();
+    }
+    return handle;
+}
+
+QString integrityOf(sqlite3* db)
+{
+    sqlite3_stmt* check = nullptr;
+    if (sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &check, nullptr) != SQLITE_OK)
+        return QString::fromUtf8(sqlite3_errmsg(db));
+    QString result;
+    if (sqlite3_step(check) == SQLITE_ROW)
+        result = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(check, 0)));
+    else
+        result = QString::fromUtf8(sqlite3_errmsg(db));
+    sqlite3_finalize(check);
+    return result == QLatin1String("ok") ? QString() : result;
+}
+
+#ifdef Q_OS_UNIX
+bool syncPath(const QString& path, int flags)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), flags);
+    if (fd < 0)
+        return false;
+    const bool synced = ::fsync(fd) == 0;
+    ::close(fd);
+    return synced;
+}
+#endif
+
+// A WAL left beside a closed target holds rows of the old file; folding it in first keeps it from being
+// replayed into the new one after the rename.
+void settleTarget(const QString& target)
+{
+    if (!QFileInfo::exists(target + QStringLiteral("-wal")))
+        return;
+    QString ignored;
+    if (Handle old = openFile(target, SQLITE_OPEN_READWRITE, &ignored))
+        sqlite3_exec(old.get(), "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr);
+    QFile::remove(target + QStringLiteral("-wal"));
+    QFile::remove(target + QStringLiteral("-shm"));
+}
+
+// Writes source into the empty file at temporary and checks it; throws on any fault.
+void writeCopy(const QString& source, const QString& temporary, const QString& target)
+{
+    QString reason;
+    Handle from = openFile(source, SQLITE_OPEN_READONLY, &reason);
+    if (!from)
+        throw CopyFailure(QStringLiteral("%1 can not be read: %2.").arg(QDir::toNativeSeparators(source), reason).toStdString());
+    Handle to = openFile(temporary, SQLITE_OPEN_READWRITE, &reason);
+    if (!to)
+        throw CopyFailure(QStringLiteral("%1 can not be written: %2.").arg(QDir::toNativeSeparators(target), reason).toStdString());
+    sqlite3_backup* backup = sqlite3_backup_init(to.get(), "main", from.get(), "main");
+    if (!backup)
+        throw CopyFailure(QStringLiteral("%1 can not be written: %2.")
+                              .arg(QDir::toNativeSeparators(target), QString::fromUtf8(sqlite3_errmsg(to.get())))
+                              .toStdString());
+    const int rc = sqlite3_backup_step(backup, -1);
+    sqlite3_backup_finish(backup);
+    if (rc == SQLITE_NOTADB || rc == SQLITE_CORRUPT)
+        throw CopyFailure(QStringLiteral("%1 is not a sound database file.").arg(QDir::toNativeSeparators(source)).toStdString());
+    if (rc != SQLITE_DONE)
+        throw CopyFailure(QStringLiteral("%1 can not be written: %2.")
+                              .arg(QDir::toNativeSeparators(target), QString::fromUtf8(sqlite3_errstr(rc)))
+                              .toStdString());
+    const QString fault = integrityOf(to.get());
+    if (!fault.isEmpty())
+        throw CopyFailure(QStringLiteral("The copy of %1 is damaged: %2.").arg(QDir::toNativeSeparators(source), fault).toStdString());
+}
+
+} // namespace
+
+void copyDatabaseFile(const QString& source, const QString& target)
+{
+    const QFileInfo targetInfo(target);
+    const QString folder = targetInfo.absolutePath();
+    QTemporaryFile temporary(folder + QStringLiteral("/.") + targetInfo.fileName() + QStringLiteral(".XXXXXX"));
+    if (!temporary.open())
+        throw CopyFailure(QStringLiteral("The folder %1 can not be written to: %2.")
+                              .arg(QDir::toNativeSeparators(folder), temporary.errorString())
+                              .toStdString());
+    temporary.close();
+    const QString temp = temporary.fileName();
+    writeCopy(source, temp, target);
+    QFile::setPermissions(temp, QFileInfo(targetInfo.exists() ? target : source).permissions());
+#ifdef Q_OS_UNIX
+    if (!syncPath(temp, O_RDONLY))
+        throw CopyFailure(QStringLiteral("%1 can not be written: the disk did not take it.").arg(QDir::toNativeSeparators(target)).toStdString());
+#endif
+    settleTarget(target);
+    if (std::rename(QFile::encodeName(temp).constData(), QFile::encodeName(targetInfo.absoluteFilePath()).constData()) != 0)
+        throw CopyFailure(QStringLiteral("%1 can not be replaced.").arg(QDir::toNativeSeparators(target)).toStdString());
+    temporary.setAutoRemove(false);
+#ifdef Q_OS_UNIX
+    syncPath(folder, O_RDONLY | O_DIRECTORY);
+#endif
+}
+
+QString databaseFault(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        return QStringLiteral("the file is missing");
+    QString reason;
+    Handle db = openFile(path, SQLITE_OPEN_READONLY, &reason);
+    if (!db)
+        return reason;
+    return integrityOf(db.get());
+}
+
+} // namespace hb::storage

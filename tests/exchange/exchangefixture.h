@@ -1,0 +1,123 @@
+#pragma once
+
+#include "programfixture.h"
+#include "testdata.h"
+#include "windowdriver.h"
+
+#include "addressbook/frmaddressbook.h"
+#include "core/forms.h"
+#include "core/frmmdi.h"
+#include "core/routes.h"
+#include "core/session.h"
+#include "exchange/frmbackup.h"
+#include "platform/storage/database.h"
+#include "platform/ui/folderlists.h"
+#include "tools/formabout.h"
+
+#include <QAction>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+
+// The whole program started with the listings up; the window of back up, restore, export and import is
+// opened through the frame's menu and driven by mouse and keys.
+class ExchangeFixture : public ProgramFixture {
+protected:
+    void SetUp() override
+    {
+        ProgramFixture::SetUp();
+        ASSERT_TRUE(startProgram());
+        ASSERT_TRUE(guarded([] { click(hb::forms::get<hb::FormAbout>(), QStringLiteral("cmdOK")); }));
+    }
+
+    // "mnuBackUp", "mnuRestore", "mnuExport"; the import of names has no menu entry and is opened by mode.
+    hb::FrmBackup& openWindow(const QString& menu)
+    {
+        EXPECT_TRUE(guarded([&] {
+            if (menu == QLatin1String("I")) {
+                hb::UnloadForms();
+                hb::BackupMode = QStringLiteral("I");
+                hb::showBackup();
+            } else {
+                control<QAction>(*hb::FrmMDI::instance(), menu)->trigger();
+            }
+        }));
+        hb::FrmBackup* form = hb::forms::loaded<hb::FrmBackup>();
+        EXPECT_NE(form, nullptr);
+        return *form;
+    }
+
+    static bool backupLoaded() { return hb::forms::loaded<hb::FrmBackup>() != nullptr; }
+    static bool listingsShown()
+    {
+        auto* book = hb::forms::loaded<hb::FrmAddressBook>();
+        return book && book->isFormVisible();
+    }
+
+    template <class T = QWidget>
+    static T* part(QWidget& w, const char* name) { return control<T>(w, QString::fromLatin1(name)); }
+
+    static void clickRow(hb::ui::ListBox* list, int row)
+    {
+        ASSERT_GE(row, 0);
+        ASSERT_LT(row, list->listCount());
+        const QModelIndex index = list->model()->index(row, 0);
+        list->scrollTo(index);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(index).center());
+    }
+    static int rowOf(hb::ui::ListBox* list, const QString& text)
+    {
+        for (int i = 0; i < list->listCount(); ++i) {
+            if (list->list(i).trimmed() == text)
+                return i;
+        }
+        ADD_FAILURE() << "no line " << text.toStdString();
+        return -1;
+    }
+
+    // Walks the folder list to a folder as a user does: a click on a line, Enter to open it.
+    void goToFolder(hb::FrmBackup& w, const QString& folder)
+    {
+        auto* dirs = part<hb::ui::DirListBox>(w, "Dir1");
+        const QString target = QDir::cleanPath(folder);
+        for (int step = 0; step < 20 && dirs->path() != target; ++step) {
+            int line = -1;
+            for (int i = dirs->listCount() - 1; i >= 0 && line < 0; --i) {
+                const QString path = dirs->listPath(i);
+                if (path != dirs->path() && (target == path || target.startsWith(path + QLatin1Char('/'))))
+                    line = i;
+            }
+            ASSERT_GE(line, 0) << "no way to " << target.toStdString();
+            clickRow(dirs, line);
+            QTest::keyClick(dirs, Qt::Key_Return);
+        }
+        ASSERT_EQ(dirs->path(), target);
+    }
+
+    bool pressOK(hb::FrmBackup& w) { return press(w, "cmdOK"); }
+    bool press(QWidget& w, const char* button)
+    {
+        return guarded([&] { QTest::mouseClick(part<QAbstractButton>(w, button), Qt::LeftButton); });
+    }
+
+    QString backupFolder() const { return dataDir() + QStringLiteral("backup"); }
+    QString otherFolder(const QString& name) const
+    {
+        QDir().mkpath(programDir() + name);
+        return programDir() + name;
+    }
+
+    static QVariant scalar(Database& db, const QString& sql)
+    {
+        Recordset rs = db.openRecordset(sql);
+        return rs.eof() ? QVariant() : rs.value(rs.fieldNames().value(0));
+    }
+    static QVariant scalar(const QString& sql) { return scalar(hb::DB, sql); }
+    static QVariant fileScalar(const QString& file, const QString& sql)
+    {
+        Database db = Database::open(file);
+        QVariant value = scalar(db, sql);
+        db.close();
+        return value;
+    }
+};
