@@ -4,11 +4,6 @@
 
 namespace hb {
 
-void showLabels() {}
-void labelsPrint() {}
-void printMailPiece() {}
-void mailPiecePageSetup() {}
-void reloadMailPiecePreview() {}
 void showBackup() {}
 void showImport() {}
 void showOptions() {}
