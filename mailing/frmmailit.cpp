@@ -43,6 +43,7 @@ void FrmMailIt::formLoad()
     setFormVisible(false);
     setWindowTitle(QStringLiteral("Labels Print Preview"));
     DebugLog(QStringLiteral("First call to ezlabel1 - Piecename"));
+    logCatalogueProblems();
     usePieceName();
     ezLabel1->items().readLayoutText(GetMemoOption(PieceLayoutMemo));
     CommandRetAddr->setVisible(IsEnvelopeStyle(ezLabel1->piecename()));
@@ -52,6 +53,17 @@ void FrmMailIt::formLoad()
     if (FrmMDI* frame = FrmMDI::instance())
         frame->UpdateFontControls();
     ToolbarBusy = false;
+}
+
+// The sheet templates that could not be read, once a session, so that a broken file is found.
+void FrmMailIt::logCatalogueProblems()
+{
+    static bool logged = false;
+    if (logged)
+        return;
+    logged = true;
+    for (const QString& problem : ezLabel1->catalogue().problems())
+        DebugLog(problem);
 }
 
 // A piece stored by an earlier session that the catalogue no longer has gives way to the default sheet.

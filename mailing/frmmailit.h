@@ -59,6 +59,7 @@ private:
     void connectControls();
     void fillPageTop();
     void usePieceName();
+    void logCatalogueProblems();
     void setWaitPointer(bool on);
 
     label::LabelControl* ezLabel1;

@@ -49,6 +49,7 @@ void FrmMailIt::buildControls()
     cmbPageTop = new QComboBox(this);
     cmbPageTop->setObjectName(QStringLiteral("cmbPageTop"));
     cmbPageTop->setToolTip(QStringLiteral("Print adjustment"));
+    cmbPageTop->setSizeAdjustPolicy(QComboBox::AdjustToContents);
 
     ezLabel1 = new label::LabelControl;
     scroller = new QScrollArea(this);
