@@ -1,8 +1,7 @@
 #pragma once
 
 // Public operations of windows that the frame and other subsystems reach by name. Each is defined in the
-// subsystem that owns its window; a window that does not exist yet has its route in pendingroutes.cpp,
-// where it leads nowhere.
+// subsystem that owns its window.
 
 namespace hb {
 

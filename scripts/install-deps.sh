@@ -14,6 +14,8 @@ packages=(
 # The print queue of the printing test. Without root or sudo, or where they do not install, they are left
 # out and that test is skipped.
 optional=(cups printer-driver-cups-pdf)
+# The label sheets of many makers; without them the program offers its own catalogue only.
+optional+=(glabels-data)
 
 missing_of() {
   for p in "$@"; do
@@ -38,6 +40,6 @@ fi
 if [ "$(id -u)" -eq 0 ] || sudo -n true 2>/dev/null; then
   mapfile -t missing < <(missing_of "${optional[@]}")
   if [ ${#missing[@]} -gt 0 ]; then
-    install "${missing[@]}" || echo "Could not install ${missing[*]}: the printing test will be skipped."
+    install "${missing[@]}" || echo "Could not install ${missing[*]}: the tests that need them will be skipped."
   fi
 fi

@@ -73,6 +73,15 @@ int ListBox::addItem(const QString& text, int itemData)
     return row;
 }
 
+int ListBox::insertItem(int index, const QString& text, int itemData)
+{
+    if (sorted_ || index < 0 || index > listCount())
+        return addItem(text, itemData);
+    model_->insert(index, {text, itemData});
+    newIndex_ = index;
+    return index;
+}
+
 void ListBox::removeItem(int index)
 {
     if (index >= 0 && index < listCount())

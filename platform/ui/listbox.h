@@ -18,6 +18,8 @@ public:
     explicit ListBox(QWidget* parent = nullptr, bool sorted = false, Selection selection = Single);
 
     int addItem(const QString& text, int itemData = 0);   // returns the new item's index
+    // At a position, moving the rows below down; a sorted list puts it in its place instead.
+    int insertItem(int index, const QString& text, int itemData = 0);
     void removeItem(int index);
     void clearList();
     int listCount() const;

@@ -1,0 +1,84 @@
+#include "mailing/formretaddr.h"
+
+#include "core/helpers.h"
+#include "core/misc.h"
+#include "core/options.h"
+#include "core/session.h"
+#include "mailing/frmmailit.h"
+#include "platform/label/labelcontrol.h"
+#include "platform/ui/twips.h"
+#include "platform/ui/windowservice.h"
+
+#include <QCheckBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace hb {
+
+namespace {
+
+template <class T>
+T* place(T* w, const char* name, int left, int top, int width, int height)
+{
+    w->setObjectName(QString::fromLatin1(name));
+    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
+    return w;
+}
+
+} // namespace
+
+FormRetAddr::FormRetAddr() : Form(staticFormName(), false)
+{
+    setWindowFlags(Qt::Dialog);
+    setWindowTitle(QStringLiteral("Set Return Address"));
+    setFixedSize(ui::px(5600), ui::px(3600));
+    Text1 = place(new QPlainTextEdit(this), "Text1", 120, 120, 5340, 2200);
+    CheckReturnAddress = place(new QCheckBox(QStringLiteral("&Display Return Address"), this), "CheckReturnAddress",
+                               120, 2440, 3200, 315);
+    CommandFont = place(new QPushButton(QStringLiteral("&Font"), this), "CommandFont", 120, 3000, 1200, 375);
+    CommandOk = place(new QPushButton(QStringLiteral("&Ok"), this), "CommandOk", 1500, 3000, 1200, 375);
+    CommandCancel = place(new QPushButton(QStringLiteral("&Cancel"), this), "CommandCancel", 2880, 3000, 1200, 375);
+    CommandHelp = place(new QPushButton(QStringLiteral("&Help"), this), "CommandHelp", 4260, 3000, 1200, 375);
+    connect(CommandFont, &QPushButton::clicked, this, &FormRetAddr::CommandFont_Click);
+    connect(CommandOk, &QPushButton::clicked, this, &FormRetAddr::CommandOk_Click);
+    connect(CommandCancel, &QPushButton::clicked, this, &FormRetAddr::CommandCancel_Click);
+    connect(CommandHelp, &QPushButton::clicked, this, &FormRetAddr::CommandHelp_Click);
+}
+
+void FormRetAddr::formLoad()
+{
+    QFont font = Text1->font();
+    LoadFont(1, font);
+    Text1->setFont(font);
+    Text1->setPlainText(GetMemoOption(1));
+    CheckReturnAddress->setChecked(int(GetNOption(6)) == 1);
+}
+
+// Shown in the box only; stored at OK.
+void FormRetAddr::CommandFont_Click()
+{
+    QFont font = Text1->font();
+    ui::windows().chooseFont(font);
+    Text1->setFont(font);
+}
+
+void FormRetAddr::CommandOk_Click()
+{
+    SaveFont(1, Text1->font());
+    SetMemoOption(1, Text1->toPlainText());
+    SetNOption(6, *CheckReturnAddress);
+    if (ReportType == QLatin1String("L") || ReportType == QLatin1String("M")) {
+        if (FrmMailIt* preview = forms::loaded<FrmMailIt>()) {
+            preview->ezLabel().setRedraw(false);
+            LoadFont(1, preview->ezLabel().item(FrmMailIt::ReturnAddressItem).font);
+            preview->RefreshEZLabel();
+            preview->ezLabel().setRedraw(true);
+        }
+    }
+    forms::unload(formName());
+}
+
+void FormRetAddr::CommandCancel_Click() { forms::unload(formName()); }
+void FormRetAddr::CommandHelp_Click() { ShowHelpTopic(QStringLiteral("2527")); }
+
+} // namespace hb

@@ -1,0 +1,131 @@
+#include "mailing/frmeditlabel.h"
+
+#include "core/frame.h"
+#include "core/session.h"
+#include "mailing/labelrows.h"
+#include "platform/ui/twips.h"
+#include "platform/ui/windowservice.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace hb {
+
+namespace {
+
+template <class T>
+T* place(T* w, const char* name, int left, int top, int width, int height)
+{
+    w->setObjectName(QString::fromLatin1(name));
+    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
+    return w;
+}
+
+} // namespace
+
+FrmEditLabel::FrmEditLabel() : Form(staticFormName(), false)
+{
+    setWindowFlags(Qt::Dialog);
+    setWindowTitle(QStringLiteral("Edit Label"));
+    buildControls();
+    connect(cmdOK, &QPushButton::clicked, this, &FrmEditLabel::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &FrmEditLabel::cmdCancel_Click);
+}
+
+void FrmEditLabel::buildControls()
+{
+    setFixedSize(ui::px(5400), ui::px(3500));
+    lblName = place(new QLabel(QStringLiteral("Name:"), this), "lblName", 120, 120, 5000, 255);
+    txtName = place(new QLineEdit(this), "txtName", 120, 380, 5100, 315);
+    lblAddress1 = place(new QLabel(QStringLiteral("Address:"), this), "lblAddress1", 120, 800, 5000, 255);
+    txtAddress1 = place(new QLineEdit(this), "txtAddress1", 120, 1060, 5100, 315);
+    lblAddress2 = place(new QLabel(QStringLiteral("Address:"), this), "lblAddress2", 120, 1480, 5000, 255);
+    txtAddress2 = place(new QLineEdit(this), "txtAddress2", 120, 1740, 5100, 315);
+    lblCityStateZip = place(new QLabel(QStringLiteral("City, State/Province  Zip/Postal Code:"), this), "lblCityStateZip",
+                            120, 2160, 5000, 255);
+    txtCityStateZip = place(new QLineEdit(this), "txtCityStateZip", 120, 2420, 5100, 315);
+    for (QLineEdit* t : {txtName, txtAddress1, txtAddress2, txtCityStateZip}) {
+        t->setMaxLength(50);
+        t->installEventFilter(this);
+    }
+    cmdOK = place(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 2640, 2940, 1200, 375);
+    cmdOK->setDefault(true);
+    cmdCancel = place(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel", 4020, 2940, 1200, 375);
+}
+
+void FrmEditLabel::formLoad()
+{
+    if (QWidget* frame = frameWindow()) {
+        const QPoint at((frame->width() - width()) / 2, std::max(0, (frame->height() - height()) / 2));
+        move(frame->mapToGlobal(at));
+    }
+    if (ReportType == QLatin1String("A")) {
+        lblAddress1->setText(QStringLiteral("Phone:"));
+        lblAddress2->setText(QStringLiteral("Address:"));
+    }
+    if (LabelName.trimmed() == QLatin1String("[Blank Label]")) {
+        txtName->clear();
+        LabelCode = QStringLiteral("1");
+    } else {
+        txtName->setText(LabelName.trimmed());
+    }
+    txtAddress1->setText(LabelAddress1.trimmed());
+    txtAddress2->setText(LabelAddress2.trimmed());
+    txtCityStateZip->setText(LabelCityStateZip.trimmed());
+}
+
+void FrmEditLabel::cmdOK_Click()
+{
+    const bool anyAddress = !txtAddress1->text().trimmed().isEmpty() || !txtAddress2->text().trimmed().isEmpty() ||
+                            !txtCityStateZip->text().trimmed().isEmpty();
+    if (anyAddress && txtName->text().trimmed().isEmpty()) {
+        ui::msgBox(QStringLiteral("Must enter a name when address entered!"), MsgWarning, QStringLiteral("Name Not Entered"));
+        txtName->setFocus();
+        return;
+    }
+    // A new city line is no longer the listing's address, so the label leaves the listing.
+    if (LabelCityStateZip.trimmed().toLower() != txtCityStateZip->text().trimmed().toLower())
+        LabelCode = QStringLiteral("1");
+    if (!txtName->text().trimmed().isEmpty()) {
+        LabelName = txtName->text();
+        LabelAddress1 = txtAddress1->text();
+        LabelAddress2 = txtAddress2->text();
+        LabelCityStateZip = txtCityStateZip->text();
+    } else {
+        LabelName = QStringLiteral("[Blank Label]");
+        LabelAddress1.clear();
+        LabelAddress2.clear();
+        LabelCityStateZip.clear();
+        LabelCode = QStringLiteral("1");
+    }
+    forms::unload(formName());
+}
+
+void FrmEditLabel::cmdCancel_Click()
+{
+    SelectionCancelled = true;
+    forms::unload(formName());
+}
+
+// Entering a box selects its text, after the line edit's own focus handling.
+bool FrmEditLabel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn) {
+        if (auto* edit = qobject_cast<QLineEdit*>(watched)) {
+            QTimer::singleShot(0, edit, [edit] {
+                QString text = edit->text();
+                while (!text.isEmpty() && text.back() == QLatin1Char(' '))
+                    text.chop(1);
+                edit->setSelection(0, int(text.size()));
+            });
+        }
+    }
+    return Form::eventFilter(watched, event);
+}
+
+} // namespace hb

@@ -1,0 +1,84 @@
+#pragma once
+
+// The mail piece control: a list of pieces, each a data text, laid out on a sheet of the catalogue, shown
+// a page at a time with zoom, printed through the printer dialog to any printer or to PDF.
+
+#include "platform/label/pieceitems.h"
+#include "platform/label/sheet.h"
+
+#include <QStringList>
+#include <QWidget>
+
+class QPrinter;
+
+namespace hb::label {
+
+class SheetCatalogue;
+
+class LabelControl : public QWidget {
+    Q_OBJECT
+public:
+    explicit LabelControl(QWidget* parent = nullptr, const SheetCatalogue* catalogue = nullptr);
+
+    // Setting it selects the sheet; a name that the catalogue does not know leaves the sheet as it is.
+    QString piecename() const;
+    void setPiecename(const QString& name);
+    const Sheet& sheet() const { return sheet_; }
+    const SheetCatalogue& catalogue() const { return *catalogue_; }
+
+    void clearPieces();
+    QString pieceData;                  // the data text of the next AddPiece
+    void addPiece();
+    const QStringList& pieces() const { return pieces_; }
+
+    void moveFirstPiece();
+    void moveNextPiece();
+    void movePreviousPiece();
+    void moveLastPiece();
+    int currentPiece() const { return currentPiece_; }   // 1-based, the first piece of the page shown
+    int pageOfPiece(int piece) const;
+    int pageCount() const;
+
+    int zoom() const { return zoom_; }
+    void setZoom(int percent);
+    float pageTop = 0;                  // inches; positive moves the printed page up
+    bool redraw() const { return redraw_; }
+    void setRedraw(bool on);
+    bool loading = false;
+    int sheetMode = 0;
+    QString printerName;
+
+    PieceItems& items() { return items_; }
+    TextItem& item(int number) { return items_.item(number); }
+
+    // The dialogs of the control; both go through the window service and raise changed() on OK.
+    void showLayoutDialog(bool);
+    void showPieceDialog(bool);
+    // The printer dialog, then every page; false when cancelled.
+    bool printPieces();
+    // Every page on a printer already set up (PDF or a queue).
+    void printPiecesOn(QPrinter& printer);
+    // Sets paper and orientation of the sheet on a printer: an envelope feeds short edge first.
+    void applySheetTo(QPrinter& printer) const;
+
+signals:
+    // 10: the piece was changed, 11: the items were changed.
+    void changed(int what);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void updateSize();
+    double scale() const;   // screen pixels per point
+
+    const SheetCatalogue* catalogue_;
+    Sheet sheet_;
+    QStringList pieces_;
+    PieceItems items_;
+    int currentPiece_ = 1;
+    int zoom_ = 100;
+    bool redraw_ = true;
+};
+
+} // namespace hb::label

@@ -1,0 +1,60 @@
+#include "platform/label/labelcontrol.h"
+
+#include "platform/label/pagerenderer.h"
+#include "platform/ui/windowservice.h"
+
+#include <QPageLayout>
+#include <QPainter>
+#include <QPrinter>
+
+namespace hb::label {
+
+void LabelControl::applySheetTo(QPrinter& printer) const
+{
+    // Paper wider than tall (an envelope, a card lying flat) is fed short edge first and printed turned.
+    const bool across = sheet_.paperWidth > sheet_.paperHeight;
+    const QSizeF portrait = across ? QSizeF(sheet_.paperHeight, sheet_.paperWidth)
+                                   : QSizeF(sheet_.paperWidth, sheet_.paperHeight);
+    QPageLayout layout(QPageSize(portrait, QPageSize::Point, QString(), QPageSize::FuzzyMatch),
+                       across ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
+    layout.setMode(QPageLayout::FullPageMode);
+    printer.setFullPage(true);
+    printer.setPageLayout(layout);
+}
+
+void LabelControl::printPiecesOn(QPrinter& printer)
+{
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return;
+    const double s = printer.resolution() / 72.0;
+    PageContent content;
+    content.sheet = &sheet_;
+    content.pieces = &pieces_;
+    content.items = &items_;
+    content.pageTop = pageTop * 72.0;
+    for (int page = 1; page <= pageCount(); ++page) {
+        if (page > 1)
+            printer.newPage();
+        content.page = page;
+        painter.save();
+        painter.scale(s, s);
+        paintPage(painter, content);
+        painter.restore();
+    }
+    painter.end();
+}
+
+bool LabelControl::printPieces()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    if (!printerName.isEmpty())
+        printer.setPrinterName(printerName);
+    applySheetTo(printer);
+    if (!ui::windows().choosePrinter(printer))
+        return false;
+    printPiecesOn(printer);
+    return true;
+}
+
+} // namespace hb::label

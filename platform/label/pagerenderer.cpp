@@ -1,0 +1,142 @@
+#include "platform/label/pagerenderer.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace hb::label {
+
+namespace {
+
+// Text is laid out in tenths of a point, so that a font's pixel size can carry a tenth of a point and
+// the measure does not depend on the resolution of the device.
+constexpr double Unit = 10.0;
+
+QFont sizedFont(const QFont& font, double points)
+{
+    QFont f(font);
+    f.setPixelSize(std::max(1, int(std::lround(points * Unit))));
+    return f;
+}
+
+QSizeF measure(const QStringList& lines, const QFont& font)
+{
+    const QFontMetricsF m(font);
+    double width = 0;
+    for (const QString& line : lines)
+        width = std::max(width, m.horizontalAdvance(line));
+    return {width / Unit, lines.size() * m.lineSpacing() / Unit};
+}
+
+double basePoints(const QFont& font) { return font.pointSizeF() > 0 ? font.pointSizeF() : 10.0; }
+
+void paintText(QPainter& painter, const QRectF& box, const QString& text, const QFont& font, bool centred)
+{
+    QStringList lines = text.split(QLatin1Char('\r'));
+    while (!lines.isEmpty() && lines.last().trimmed().isEmpty())
+        lines.removeLast();
+    if (lines.isEmpty() || box.width() <= 0 || box.height() <= 0)
+        return;
+    const QFont f = sizedFont(font, fittedPointSize(lines, font, box.width(), box.height()));
+    const QSizeF block = measure(lines, f);
+    // The block stands in the middle of its box, its lines flush left; what still does not fit is cut
+    // at the box's edges.
+    const double left = box.left() + (centred ? std::max(0.0, (box.width() - block.width()) / 2) : 0.0);
+    const double top = box.top() + (centred ? std::max(0.0, (box.height() - block.height()) / 2) : 0.0);
+    painter.save();
+    painter.setClipRect(box, Qt::IntersectClip);
+    painter.translate(left, top);
+    painter.scale(1 / Unit, 1 / Unit);
+    painter.setFont(f);
+    const QFontMetricsF m(f);
+    for (int i = 0; i < lines.size(); ++i)
+        painter.drawText(QPointF(0, i * m.lineSpacing() + m.ascent()), lines[i]);
+    painter.restore();
+}
+
+void paintOutline(QPainter& painter, const Sheet& sheet, const QRectF& r)
+{
+    painter.save();
+    painter.setPen(QPen(QColor(170, 170, 170), 0));
+    painter.setBrush(Qt::NoBrush);
+    if (sheet.shape == Shape::Rectangle)
+        painter.drawRoundedRect(r, sheet.round, sheet.round);
+    else
+        painter.drawEllipse(r);
+    painter.restore();
+}
+
+void paintStamp(QPainter& painter, const QRectF& box)
+{
+    painter.save();
+    painter.setPen(QPen(Qt::black, 0.5, Qt::DashLine));
+    painter.drawRect(box);
+    painter.restore();
+}
+
+void paintPiece(QPainter& painter, const PageContent& c, const QRectF& piece, const QString& data)
+{
+    if (c.outlines)
+        paintOutline(painter, *c.sheet, piece);
+    const QRectF inner = piece.adjusted(c.sheet->margin, c.sheet->margin, -c.sheet->margin, -c.sheet->margin);
+    auto place = [&](const QRectF& f) {
+        return QRectF(inner.left() + f.x() * inner.width(), inner.top() + f.y() * inner.height(),
+                      f.width() * inner.width(), f.height() * inner.height());
+    };
+    for (int i = 1; i <= 7; ++i) {
+        const TextItem& item = c.items->item(i);
+        if (!item.visible)
+            continue;
+        // An item with no text of its own is a placeholder box, as the stamp is.
+        if (item.text.isEmpty())
+            paintStamp(painter, place(item.box));
+        else
+            paintText(painter, place(item.box), mergePieceData(item.text, data), item.font, item.centred);
+    }
+    if (c.items->barcode.visible && !c.items->barcode.value.isEmpty())
+        paintText(painter, place(c.items->barcode.box), c.items->barcode.value, QFont(), true);
+}
+
+} // namespace
+
+double fittedPointSize(const QStringList& lines, const QFont& font, double width, double height)
+{
+    const double base = basePoints(font);
+    double size = base;
+    for (int round = 0; round < 4; ++round) {
+        const QSizeF need = measure(lines, sizedFont(font, size));
+        if (need.width() <= width && need.height() <= height)
+            return size;
+        const double factor = std::min(width / std::max(need.width(), 0.01), height / std::max(need.height(), 0.01));
+        const double next = std::floor(size * std::min(factor, 0.97) * Unit) / Unit;
+        if (next <= MinimumTextPoints)
+            return std::min(base, MinimumTextPoints);
+        size = next;
+    }
+    return size;
+}
+
+void paintPage(QPainter& painter, const PageContent& c)
+{
+    if (!c.sheet || !c.pieces || !c.items)
+        return;
+    const int perSheet = piecesPerSheet(*c.sheet);
+    const int first = firstPieceOfPage(c.page, perSheet) - 1;
+    painter.save();
+    painter.translate(0, -c.pageTop);
+    painter.setPen(Qt::black);
+    for (int i = 0; i < perSheet; ++i) {
+        const int piece = first + i;
+        const QRectF r = pieceRect(*c.sheet, i);
+        if (piece < c.pieces->size())
+            paintPiece(painter, c, r, c.pieces->at(piece));
+        else if (c.outlines)
+            paintOutline(painter, *c.sheet, r);
+    }
+    painter.restore();
+}
+
+} // namespace hb::label

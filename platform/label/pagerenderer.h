@@ -1,0 +1,33 @@
+#pragma once
+
+// The one painter of a page of pieces, for the preview, the printer and PDF alike. The painter's
+// coordinates are points of the paper, top left at (0, 0).
+
+#include "platform/label/pieceitems.h"
+#include "platform/label/sheet.h"
+
+#include <QStringList>
+
+class QPainter;
+
+namespace hb::label {
+
+// Text below this size is hard to read on a label; text that does not fit at it is clipped instead.
+constexpr double MinimumTextPoints = 6.0;
+
+// The size at which lines of text in a font fit a box of width by height points: the font's own size
+// when they fit, otherwise smaller, but not below MinimumTextPoints.
+double fittedPointSize(const QStringList& lines, const QFont& font, double width, double height);
+
+struct PageContent {
+    const Sheet* sheet = nullptr;
+    const QStringList* pieces = nullptr;   // the data text of every piece
+    const PieceItems* items = nullptr;
+    int page = 1;                          // 1-based
+    double pageTop = 0;                    // points: positive moves everything up
+    bool outlines = false;                 // the edges of the pieces, for the screen only
+};
+
+void paintPage(QPainter& painter, const PageContent& content);
+
+} // namespace hb::label

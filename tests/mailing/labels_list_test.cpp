@@ -1,0 +1,213 @@
+#include "labels_fixture.h"
+
+#include "core/options.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QPushButton>
+
+using namespace hb;
+
+namespace {
+
+const QStringList AbleRows{QStringLiteral("Ann Able|-1"), QStringLiteral("1 Oak St|2"), QStringLiteral("Salem, OR  97301|4"),
+                           QStringLiteral(" |0"), QStringLiteral(" |0")};
+const QStringList BakerRows{QStringLiteral("Bob Baker|-2"), QStringLiteral("2 Elm Rd|2"), QStringLiteral("Apt 5|3"),
+                            QStringLiteral("Bend  97701|4"), QStringLiteral(" |0")};
+const QStringList ColeRows{QStringLiteral("Cy Cole|-3"), QStringLiteral(" |0"), QStringLiteral(" |0"), QStringLiteral(" |0"),
+                           QStringLiteral(" |0")};
+
+QStringList concat(std::initializer_list<QStringList> parts)
+{
+    QStringList all;
+    for (const QStringList& p : parts)
+        all << p;
+    return all;
+}
+
+bool enabled(QWidget& w, const char* name) { return control<QPushButton>(w, QString::fromLatin1(name))->isEnabled(); }
+
+} // namespace
+
+class LabelListTest : public LabelsFixture {
+protected:
+    void SetUp() override
+    {
+        LabelsFixture::SetUp();
+        addListings();
+        w = labelsWithFirstType();
+        ASSERT_NE(w, nullptr);
+        labels = list(*w, "lstLabels");
+    }
+    FrmLabels* w = nullptr;
+    ui::ListBox* labels = nullptr;
+};
+
+TEST_F(LabelListTest, OpensWithItsStepsAndMakesFiveRowsOfEachTickedListing)
+{
+    EXPECT_EQ(w->windowTitle(), QStringLiteral("Label Selection"));
+    EXPECT_EQ(text(*w, "lblHelp2"), QStringLiteral("2. Select/Deselect Labels"));
+    EXPECT_EQ(text(*w, "lblHelp3"), QStringLiteral("3. Insert/Change/Delete/Duplicate Labels"));
+    EXPECT_EQ(text(*w, "lblSelectList2"), QStringLiteral("Select for Labels"));
+    EXPECT_EQ(ReportType, QStringLiteral("L"));
+    EXPECT_EQ(list(*w, "lstSelections")->selectedCount(), 3);
+    EXPECT_EQ(rows(labels), concat({AbleRows, BakerRows, ColeRows}));
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("3 Labels Selected"));
+    EXPECT_EQ(labels->listIndex(), 0);
+
+    // A click on a name recomputes the list without it.
+    clickRow(list(*w, "lstSelections"), 1);
+    EXPECT_EQ(rows(labels), concat({AbleRows, ColeRows}));
+    clickRow(list(*w, "lstSelections"), 0);
+    clickRow(list(*w, "lstSelections"), 2);
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("0 Labels Selected"));
+    for (const char* b : {"cmdChange", "cmdDelete", "cmdDuplicate", "cmdPrint"})
+        EXPECT_FALSE(enabled(*w, b)) << b;
+    EXPECT_TRUE(enabled(*w, "cmdInsert"));
+    clickRow(list(*w, "lstSelections"), 2);
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("1 Label Selected"));
+    EXPECT_TRUE(enabled(*w, "cmdPrint"));
+    if (const QByteArray folder = qgetenv("HB_LABEL_PNG_DIR"); !folder.isEmpty())
+        w->grab().save(QString::fromLocal8Bit(folder) + QStringLiteral("/labels-window.png"));
+}
+
+TEST_F(LabelListTest, CountryJoinsTheCityLineWhenTicked)
+{
+    QTest::mouseClick(control<QCheckBox>(*w, QStringLiteral("CheckCountry")), Qt::LeftButton);
+    EXPECT_EQ(IncludeCountry, 1);
+    EXPECT_EQ(labels->list(2), QStringLiteral("Salem, OR  97301  USA"));
+    EXPECT_EQ(labels->list(11), QStringLiteral("  Canada")) << "no city: the country with two blanks before it";
+    EXPECT_EQ(labels->itemData(11), 4);
+    QTest::mouseClick(control<QCheckBox>(*w, QStringLiteral("CheckCountry")), Qt::LeftButton);
+    EXPECT_EQ(rows(labels), concat({AbleRows, BakerRows, ColeRows}));
+}
+
+TEST_F(LabelListTest, InsertPutsABlankLabelBeforeTheSelectedOne)
+{
+    clickRow(labels, 7);
+    click(*w, QStringLiteral("cmdInsert"));
+    EXPECT_EQ(labels->listCount(), 20);
+    EXPECT_EQ(labels->list(5), QStringLiteral("[Blank Label]"));
+    EXPECT_EQ(labels->itemData(5), 1);
+    EXPECT_EQ(labels->listIndex(), 5);
+    EXPECT_EQ(rows(labels).mid(10, 5), BakerRows);
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("4 Labels Selected"));
+}
+
+TEST_F(LabelListTest, ChangeKeepsTheLinkUnlessTheCityLineChanges)
+{
+    editNextLabel(std::nullopt, QStringLiteral("Eugene  97401"));
+    clickRow(labels, 6, true);   // a double click changes too
+    QCoreApplication::processEvents();
+    EXPECT_EQ(labels->itemData(5), 1) << "a new city line cuts the label from its listing";
+    EXPECT_EQ(labels->list(8), QStringLiteral("Eugene  97401"));
+
+    clickRow(labels, 2);
+    editNextLabel(QStringLiteral("Ann and Al Able"), std::nullopt);
+    click(*w, QStringLiteral("cmdChange"));
+    EXPECT_EQ(rows(labels).mid(0, 5), (QStringList{QStringLiteral("Ann and Al Able|-1"), QStringLiteral("1 Oak St|2"),
+                                                   QStringLiteral("Salem, OR  97301|4"), QStringLiteral("|0"), QStringLiteral("|0")}));
+    EXPECT_EQ(labels->listIndex(), 0);
+
+    clickRow(labels, 10);
+    editNextLabel(QStringLiteral("Nobody"), std::nullopt, false);
+    click(*w, QStringLiteral("cmdChange"));
+    EXPECT_EQ(rows(labels).mid(10, 5), ColeRows) << "cancel changes nothing";
+}
+
+TEST_F(LabelListTest, AnEmptiedNameMakesABlankLabelAndAnAddressWithoutNameIsRefused)
+{
+    clickRow(labels, 10);
+    dialogs().onModal([&](QWidget& edit) {
+        auto* name = control<QLineEdit>(edit, QStringLiteral("txtName"));
+        auto* city = control<QLineEdit>(edit, QStringLiteral("txtCityStateZip"));
+        name->selectAll();
+        QTest::keyClick(name, Qt::Key_Delete);
+        QTest::keyClicks(city, QStringLiteral("Oslo"));
+        click(edit, QStringLiteral("cmdOK"));
+        EXPECT_EQ(lastMessage().text, QStringLiteral("Must enter a name when address entered!"));
+        EXPECT_EQ(lastMessage().title, QStringLiteral("Name Not Entered"));
+        EXPECT_EQ(lastMessage().style, 48);
+        city->clear();
+        click(edit, QStringLiteral("cmdOK"));
+    });
+    click(*w, QStringLiteral("cmdChange"));
+    EXPECT_EQ(labels->list(10), QStringLiteral("[Blank Label]"));
+    EXPECT_EQ(labels->itemData(10), 1);
+}
+
+TEST_F(LabelListTest, DeleteOfFirstMiddleLastAndOnlyLabel)
+{
+    clickRow(labels, 6);
+    click(*w, QStringLiteral("cmdDelete"));
+    EXPECT_EQ(rows(labels), concat({AbleRows, ColeRows}));
+    EXPECT_EQ(labels->listIndex(), 5);
+    click(*w, QStringLiteral("cmdDelete"));
+    EXPECT_EQ(rows(labels), AbleRows);
+    EXPECT_EQ(labels->listIndex(), 0) << "after the last label, the one before it";
+    click(*w, QStringLiteral("cmdDelete"));
+    EXPECT_EQ(labels->listCount(), 0);
+    EXPECT_EQ(labels->listIndex(), -1);
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("0 Labels Selected"));
+
+    // With nothing to act on, the handlers say so.
+    for (auto [handler, word] : {std::pair{&FrmLabels::cmdChange_Click, "change"}, {&FrmLabels::cmdDelete_Click, "delete"},
+                                 {&FrmLabels::cmdDuplicate_Click, "duplicate"}}) {
+        (w->*handler)();
+        EXPECT_EQ(lastMessage().text, QStringLiteral("Must select label to %1!").arg(QString::fromLatin1(word)));
+        EXPECT_EQ(lastMessage().title, QStringLiteral("No Label Selected"));
+    }
+    click(*w, QStringLiteral("cmdInsert"));
+    EXPECT_EQ(labels->listCount(), 5) << "insert on an empty list makes label 1";
+    EXPECT_EQ(labels->listIndex(), 0);
+}
+
+TEST_F(LabelListTest, DuplicateCopiesFourRowsAheadOfTheLabel)
+{
+    clickRow(labels, 8);
+    click(*w, QStringLiteral("cmdDuplicate"));
+    QStringList copy = BakerRows;
+    copy[4] = QStringLiteral("|0");
+    EXPECT_EQ(rows(labels), concat({AbleRows, copy, BakerRows, ColeRows}));
+    EXPECT_EQ(labels->listIndex(), 5);
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("4 Labels Selected"));
+}
+
+TEST_F(LabelListTest, PrintPreviewWritesOneRowALabelAndOpensThePreview)
+{
+    DB.execute(QStringLiteral("update roof set City = '%1', State = '%2' where RoofNumber = 2")
+                   .arg(QString(30, QLatin1Char('x')), QString(15, QLatin1Char('y'))));
+    clickRow(list(*w, "lstTypes"), 0);
+    clickRow(list(*w, "lstTypes"), 0);
+    clickRow(labels, 0);
+    click(*w, QStringLiteral("cmdInsert"));
+    clickRow(labels, 5);
+    editNextLabel(std::nullopt, QStringLiteral("Portland"));
+    click(*w, QStringLiteral("cmdChange"));
+    click(*w, QStringLiteral("cmdPrint"));
+    const auto table = rptLabels();
+    ASSERT_EQ(table.size(), 4);
+    EXPECT_EQ(table[0][QStringLiteral("NameOnLabel")].toString(), QStringLiteral(" "));
+    EXPECT_EQ(table[0][QStringLiteral("RoofNumber")].toInt(), 0);
+    EXPECT_EQ(table[1][QStringLiteral("NameOnLabel")].toString(), QStringLiteral("Ann Able"));
+    EXPECT_EQ(table[1][QStringLiteral("citystatezip")].toString(), QStringLiteral("Portland"));
+    EXPECT_EQ(table[1][QStringLiteral("RoofNumber")].toInt(), 0) << "a changed city line drops the listing";
+    EXPECT_EQ(table[2][QStringLiteral("Address2")].toString(), QStringLiteral("Apt 5"));
+    EXPECT_EQ(table[2][QStringLiteral("citystatezip")].toString().size(), 50) << "the 54 characters are cut at writing";
+    EXPECT_EQ(labels->list(13).size(), 54) << "but not in the list";
+    EXPECT_EQ(table[2][QStringLiteral("RoofNumber")].toInt(), 2);
+    EXPECT_EQ(table[3][QStringLiteral("LabelNumber")].toInt(), 4);
+
+    EXPECT_FALSE(w->isFormVisible());
+    FrmMailIt* preview = forms::loaded<FrmMailIt>();
+    ASSERT_NE(preview, nullptr);
+    EXPECT_TRUE(preview->isFormVisible());
+    EXPECT_EQ(ReportType, QStringLiteral("M"));
+    EXPECT_EQ(preview->ezLabel().pieces().size(), 4);
+    EXPECT_EQ(text(*preview, "LabelPagenofn"), QStringLiteral("Page 1 of 1"));
+
+    click(*preview, QStringLiteral("CommandSelect"));
+    EXPECT_EQ(ReportType, QStringLiteral("L"));
+    EXPECT_TRUE(w->isFormVisible());
+    EXPECT_EQ(rows(labels).size(), 20) << "the list comes back as it was left";
+}

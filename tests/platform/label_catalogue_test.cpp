@@ -1,0 +1,175 @@
+#include "platform/label/catalogue.h"
+#include "platform/label/templatereader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+using namespace hb::label;
+
+namespace {
+
+constexpr double inch = 72.0;
+constexpr double mm = 72.0 / 25.4;
+
+void expectOrigin(const Sheet& sheet, int index, double x, double y)
+{
+    const QPointF p = pieceOrigin(sheet, index);
+    EXPECT_NEAR(p.x(), x, 0.01) << sheet.name().toStdString() << " piece " << index;
+    EXPECT_NEAR(p.y(), y, 0.01) << sheet.name().toStdString() << " piece " << index;
+}
+
+TemplateRead read(const char* xml)
+{
+    TemplateRead result;
+    readTemplates(QByteArray(xml), QStringLiteral("test.xml"), standardPaperSizes(), result);
+    resolveAliases(result);
+    return result;
+}
+
+} // namespace
+
+TEST(SheetGeometry, LengthsInEveryUnitBecomePoints)
+{
+    EXPECT_DOUBLE_EQ(parseLength(QStringLiteral("2.625in")), 189.0);
+    EXPECT_NEAR(parseLength(QStringLiteral("25.4mm")), 72.0, 1e-9);
+    EXPECT_NEAR(parseLength(QStringLiteral("2.54cm")), 72.0, 1e-9);
+    EXPECT_DOUBLE_EQ(parseLength(QStringLiteral("2pc")), 24.0);
+    EXPECT_DOUBLE_EQ(parseLength(QStringLiteral("180.2")), 180.2);
+    EXPECT_DOUBLE_EQ(parseLength(QStringLiteral("12pt")), 12.0);
+    EXPECT_LT(parseLength(QStringLiteral("wide")), 0);
+    EXPECT_LT(parseLength(QString()), 0);
+}
+
+TEST(SheetGeometry, PagesOfAThirtyUpSheet)
+{
+    EXPECT_EQ(pageCount(0, 30), 1);
+    EXPECT_EQ(pageCount(1, 30), 1);
+    EXPECT_EQ(pageCount(30, 30), 1);
+    EXPECT_EQ(pageCount(31, 30), 2);
+    EXPECT_EQ(pageCount(3000, 30), 100);
+    EXPECT_EQ(pageOfPiece(30, 30), 1);
+    EXPECT_EQ(pageOfPiece(31, 30), 2);
+    EXPECT_EQ(pageOfPiece(3000, 30), 100);
+    EXPECT_EQ(firstPieceOfPage(2, 30), 31);
+}
+
+TEST(BuiltinCatalogue, HoldsTheDefaultAndTheCommonSheetsWithTheMakersOrigins)
+{
+    const SheetCatalogue catalogue{QString()};
+    EXPECT_TRUE(catalogue.problems().isEmpty()) << catalogue.problems().join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(catalogue.packageCount(), 0);
+    const Sheet* shipping = catalogue.find(SheetCatalogue::defaultName());
+    ASSERT_NE(shipping, nullptr);
+    EXPECT_EQ(piecesPerSheet(*shipping), 6);
+
+    const Sheet* s5160 = catalogue.find(QStringLiteral("5160 - Address"));
+    ASSERT_NE(s5160, nullptr);
+    EXPECT_EQ(piecesPerSheet(*s5160), 30);
+    EXPECT_DOUBLE_EQ(s5160->width, 2.625 * inch);
+    expectOrigin(*s5160, 0, 0.1875 * inch, 0.5 * inch);
+    expectOrigin(*s5160, 2, (0.1875 + 2 * 2.75) * inch, 0.5 * inch);
+    expectOrigin(*s5160, 29, (0.1875 + 2 * 2.75) * inch, 9.5 * inch);
+    // The last label ends where the right and bottom margins begin.
+    EXPECT_NEAR(pieceRect(*s5160, 29).right(), (8.5 - 0.1875) * inch, 0.01);
+    EXPECT_NEAR(pieceRect(*s5160, 29).bottom(), 10.5 * inch, 0.01);
+
+    const Sheet* l7160 = catalogue.find(QStringLiteral("L7160 - Address"));
+    ASSERT_NE(l7160, nullptr);
+    EXPECT_EQ(piecesPerSheet(*l7160), 21);
+    EXPECT_NEAR(l7160->paperWidth, 210 * mm, 0.01);
+    expectOrigin(*l7160, 0, 7.21 * mm, 15.15 * mm);
+    expectOrigin(*l7160, 4, (7.21 + 66.04) * mm, (15.15 + 38.1) * mm);
+
+    for (const char* name : {"5161 - Address", "5162 - Address", "5163 - Shipping", "5164 - Shipping", "L7163 - Address"})
+        EXPECT_NE(catalogue.find(QString::fromLatin1(name)), nullptr) << name;
+}
+
+TEST(BuiltinCatalogue, EnvelopesAndCardsAreOnePieceOnTheirOwnPaperAndNamedAsSuch)
+{
+    const SheetCatalogue catalogue{QString()};
+    const Sheet* envelope = catalogue.find(QStringLiteral("#10 - Envelope 4 1/8 x 9 1/2"));
+    ASSERT_NE(envelope, nullptr);
+    EXPECT_EQ(piecesPerSheet(*envelope), 1);
+    EXPECT_DOUBLE_EQ(envelope->paperWidth, 9.5 * inch);
+    EXPECT_DOUBLE_EQ(envelope->paperHeight, 4.125 * inch);
+    expectOrigin(*envelope, 0, 0, 0);
+    int envelopes = 0, postCards = 0, noteCards = 0;
+    for (const Sheet& s : catalogue.sheets()) {
+        envelopes += s.name().contains(QLatin1String("Envelope"));
+        postCards += s.name().contains(QLatin1String("Post Card"));
+        noteCards += s.name().contains(QLatin1String("Note Card"));
+    }
+    EXPECT_EQ(envelopes, 10);
+    EXPECT_EQ(postCards, 3);
+    EXPECT_EQ(noteCards, 2);
+}
+
+TEST(TemplateReader, ReadsShapesLayoutsAliasesAndPassesOverBadTemplates)
+{
+    const TemplateRead r = read(R"(<Glabels-templates>
+      <Template brand="B" part="R1" size="US-Letter" _description="Round">
+        <Label-round id="0" radius="0.75in"><Layout nx="4" ny="5" x0="0.5in" y0="0.75in" dx="2in" dy="2in"/></Label-round>
+      </Template>
+      <Template brand="B" part="R3" equiv="R2"/>
+      <Template brand="B" part="R2" equiv="R1"/>
+      <Template brand="B" part="E1" size="Other" width="100" height="200" _description="Oval">
+        <Label-ellipse id="0" width="50" height="20"><Layout nx="1" ny="2" x0="5" y0="5" dx="0" dy="30"/>
+        <Layout nx="1" ny="1" x0="60" y0="5" dx=""/></Label-ellipse>
+      </Template>
+      <Template brand="B" part="X1" size="Nowhere" _description="Bad paper">
+        <Label-rectangle id="0" width="1in" height="1in"><Layout nx="1" ny="1" x0="0" y0="0"/></Label-rectangle>
+      </Template>
+      <Template brand="B" part="X2" size="A4" _description="No layout"><Label-rectangle id="0" width="1in" height="1in"/></Template>
+      <Template brand="B" part="X3" equiv="missing"/>
+    </Glabels-templates>)");
+    ASSERT_EQ(r.sheets.size(), 4);
+    EXPECT_EQ(r.problems.size(), 3) << r.problems.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(r.sheets[0].shape, Shape::Round);
+    EXPECT_DOUBLE_EQ(r.sheets[0].width, 1.5 * inch);
+    expectOrigin(r.sheets[0], 5, 2.5 * inch, 2.75 * inch);
+    EXPECT_EQ(r.sheets[1].shape, Shape::Ellipse);
+    EXPECT_EQ(piecesPerSheet(r.sheets[1]), 3);
+    expectOrigin(r.sheets[1], 2, 60, 5);
+    EXPECT_DOUBLE_EQ(r.sheets[1].paperHeight, 200);
+    EXPECT_EQ(r.sheets[2].name(), QStringLiteral("B R2 - Round"));
+    EXPECT_EQ(piecesPerSheet(r.sheets[2]), 20);
+    EXPECT_EQ(r.sheets[3].name(), QStringLiteral("B R3 - Round")) << "an alias of an alias";
+}
+
+TEST(TemplateReader, BrokenXmlIsReportedNotFatal)
+{
+    const TemplateRead r = read("<Glabels-templates><Template brand=\"B\" part=\"1\"");
+    EXPECT_TRUE(r.sheets.isEmpty());
+    EXPECT_FALSE(r.problems.isEmpty());
+}
+
+TEST(PackageCatalogue, ReadsEveryTemplateThePackageShips)
+{
+    const QDir folder(SheetCatalogue::packageFolder());
+    if (!folder.exists())
+        GTEST_SKIP() << "glabels-data is not installed";
+    int shipped = 0;
+    for (const QString& name : folder.entryList({QStringLiteral("*-templates.xml")}, QDir::Files)) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        shipped += int(QString::fromUtf8(file.readAll()).count(QRegularExpression(QStringLiteral("<Template\\s"))));
+    }
+    const SheetCatalogue catalogue(folder.path());
+    std::printf("glabels-data templates shipped %d, read %d\n", shipped, catalogue.packageCount());
+    EXPECT_GT(shipped, 1000);
+    EXPECT_EQ(catalogue.packageCount(), shipped) << catalogue.problems().join(QLatin1Char('\n')).toStdString();
+
+    // The package's own data for a sample: Avery 5160, its A4 alias L7160, a round label.
+    const Sheet* s5160 = catalogue.find(QStringLiteral("Avery 5160 - Address Labels"));
+    ASSERT_NE(s5160, nullptr);
+    expectOrigin(*s5160, 1, (0.15625 + 2.78125) * inch, 0.5 * inch);
+    const Sheet* l7160 = catalogue.find(QStringLiteral("Avery L7160 - Mailing labels"));
+    ASSERT_NE(l7160, nullptr);
+    EXPECT_EQ(piecesPerSheet(*l7160), 21);
+    const Sheet* round = catalogue.find(QStringLiteral("Avery 3274.2 - Small Round Labels"));
+    ASSERT_NE(round, nullptr);
+    EXPECT_EQ(round->shape, Shape::Round);
+    expectOrigin(*round, 4, 0.5 * inch, 2.75 * inch);
+}
