@@ -64,11 +64,25 @@ void appendUtf8(std::string& out, char32_t c)
     }
 }
 
-// Folded UTF-8 compares bytewise in the order of folded code points, which
-// is the order of the NOCASE collation.
+// A text's sort key: its base letters, folded, and when it holds letters beyond ASCII a zero and its
+// folded letters with their accents. UTF-8 compares bytewise in the order of code points, so the keys
+// compare as compareNoCase() compares the texts.
 void appendFolded(std::string& out, const char* text, int size)
 {
     const auto* bytes = reinterpret_cast<const unsigned char*>(text);
+    bool plain = true;
+    for (int i = 0; i < size;) {
+        if (bytes[i] < 0x80) {
+            const char c = char(bytes[i++]);
+            out.push_back(c >= 'A' && c <= 'Z' ? char(c + 32) : c);
+        } else {
+            plain = false;
+            appendUtf8(out, baseLetter(decodeUtf8(bytes, size, &i)));
+        }
+    }
+    if (plain)
+        return;
+    out.push_back('\0');
     for (int i = 0; i < size;) {
         if (bytes[i] < 0x80) {
             const char c = char(bytes[i++]);
@@ -90,7 +104,7 @@ KeyColumn prepare(const RowStore& rows, const SortKey& key)
             if (const Cell& cell = rows.cell(row, key.column); cell.kind == Cell::Text)
                 total += cell.bytes.size;
         }
-        column.folded.reserve(total + total / 2);
+        column.folded.reserve(total * 2 + 8);
     }
     for (int row = 0; row < rows.rowCount(); ++row) {
         Cell cell = rows.cell(row, key.column);
