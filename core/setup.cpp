@@ -52,6 +52,18 @@ void openMainDatabase(StandardHandler& handler)
     });
 }
 
+// The import finds duplicates by name among many listings; files made before the index get it here.
+// Without it everything still works, only slower, so a file that cannot take it is left as it is.
+void addLookupIndex()
+{
+    try {
+        if (DB.isOpen())
+            DB.addTextLookupIndex(QStringLiteral("Roof"), QStringLiteral("RoofName"));
+    } catch (const DbError& failure) {
+        DebugLog(QStringLiteral("No name index: ") + failure.description());
+    }
+}
+
 void readVersion(StandardHandler& handler)
 {
     handler.run([] {
@@ -166,6 +178,7 @@ void Setup()
         openMainDatabase(handler);
         readVersion(handler);
         upgrade(handler);
+        addLookupIndex();
         if (!countStart(handler))
             break;
         handler.run(ClearReportTables);

@@ -116,6 +116,11 @@ void Database::appendField(const QString& table, const FieldDef& field)
     hb::storage::appendField(connection(), table, field);
 }
 
+void Database::addTextLookupIndex(const QString& table, const QString& field)
+{
+    hb::storage::addTextLookupIndex(connection(), table, field);
+}
+
 void Database::compact(const QString& source, const QString& target)
 {
     const std::shared_ptr<Connection> from = hb::storage::openConnection(source, OpenMode::Existing);

@@ -1,6 +1,7 @@
 #include "platform/storage/errors.h"
 #include "platform/storage/fieldtypes.h"
 #include "platform/storage/recordsetimpl.h"
+#include "platform/storage/schema.h"
 
 #include <sqlite3.h>
 
@@ -113,10 +114,11 @@ bool Recordset::Impl::resolveSortKeys()
                                              nullptr, nullptr) != SQLITE_OK)
             return false;
         const QByteArray name(collation);
-        if (name.compare("NOCASE", Qt::CaseInsensitive) != 0 && name.compare("BINARY", Qt::CaseInsensitive) != 0)
+        const bool noCase = name.compare("NOCASE", Qt::CaseInsensitive) == 0
+            || name.compare(hb::storage::TextOrderCollation, Qt::CaseInsensitive) == 0;
+        if (!noCase && name.compare("BINARY", Qt::CaseInsensitive) != 0)
             return false;
-        sortKeys.push_back({int(column - columns.cbegin()), term.descending,
-                            name.compare("NOCASE", Qt::CaseInsensitive) == 0});
+        sortKeys.push_back({int(column - columns.cbegin()), term.descending, noCase});
     }
     return true;
 }

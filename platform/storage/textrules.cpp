@@ -274,6 +274,7 @@ bool LikePattern::matchesAscii(const char* text, int size) const
 void registerTextRules(sqlite3* db)
 {
     sqlite3_create_collation_v2(db, "NOCASE", SQLITE_UTF8, nullptr, collateNoCase, nullptr);
+    sqlite3_create_collation_v2(db, "TEXTORDER", SQLITE_UTF8, nullptr, collateNoCase, nullptr);
     const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     sqlite3_create_function_v2(db, "like", 2, flags, nullptr, likeFunction, nullptr, nullptr, nullptr);
     sqlite3_create_function_v2(db, "like", 3, flags, nullptr, likeFunction, nullptr, nullptr, nullptr);
