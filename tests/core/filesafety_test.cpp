@@ -266,3 +266,41 @@ TEST_F(FileSafetyTest, TheCompactedCopiesKeepTheDatabasesPermissions)
     for (const char* name : {"varlo.mdb", "varlo.bak", "varlo.bak2"})
         EXPECT_EQ(QFile::permissions(dataDir() + QLatin1String(name)), owner) << name;
 }
+
+TEST_F(FileSafetyChild, DISABLED_StartsInAReadOnlyFolder)
+{
+    if (!inChild())
+        GTEST_SKIP();
+    dialogs().answer(ui::AnswerYes);  // the start cannot be counted
+    ASSERT_TRUE(setup());
+    ASSERT_EQ(dialogs().messages().size(), 1u);
+    EXPECT_TRUE(lastMessage().text.contains(
+        QStringLiteral(" Location: Setup\n Error: 3027\n Text: Cannot update.  Database or object is read-only.\n")))
+        << lastMessage().text.toStdString();
+    EXPECT_EQ(scalar(DB, QStringLiteral("select count(*) from Roof where RoofName like 'Name*'")).toInt(), 3);
+    try {
+        DB.execute(QStringLiteral("delete from Roof"));
+        ADD_FAILURE() << "a write went through";
+    } catch (const DbError& failure) {
+        EXPECT_EQ(failure.number(), 3027);
+    }
+}
+
+TEST_F(FileSafetyTest, AReadOnlyDataFolderStillShowsTheListings)
+{
+    makeDatabase(3);
+    setCounter(mainDatabase(), 2);
+    const QString unshare = QStandardPaths::findExecutable(QStringLiteral("unshare"));
+    QProcess probe;
+    probe.start(unshare, {"-m", "sh", "-c", "mount --bind /tmp /mnt && mount -o remount,ro,bind /mnt"});
+    if (unshare.isEmpty() || !probe.waitForFinished() || probe.exitCode() != 0)
+        GTEST_SKIP() << "no read-only mount can be made here";
+    const QString script = QStringLiteral(
+        "mount --bind \"$0\" \"$0\" && mount -o remount,ro,bind \"$0\" && HB_CHILD_FOLDER=\"$0\" exec \"$@\"");
+    Child child(QStringLiteral("DISABLED_StartsInAReadOnlyFolder"), QString(), {},
+                {unshare, "-m", "sh", "-c", script, programDir()});
+    const QString output = child.finish();
+    EXPECT_TRUE(child.passed()) << output.toStdString();
+    EXPECT_TRUE(output.contains(QStringLiteral("[  PASSED  ] 1 test"))) << output.toStdString();
+    EXPECT_EQ(wholeFile(mainDatabase()), QStringLiteral("ok 3"));
+}
