@@ -113,33 +113,10 @@ bool groupsRows(const Parsed& p, size_t from, size_t to)
     return false;
 }
 
-// The terms of "order by a, b desc" from token `at` to the end, when each is a plain column name.
-bool orderTerms(const Parsed& p, size_t at, QList<RecordsetSource::SortTerm>* order)
-{
-    for (size_t i = at; i < p.size();) {
-        if (!p.isName(i))
-            return false;
-        size_t name = i++;
-        if (p.isPunct(i, u'.') && p.isName(i + 1)) {
-            name = i + 1;
-            i += 2;
-        }
-        RecordsetSource::SortTerm term{unquoted(p.text(name).toString()), false};
-        if (p.isWord(i, "asc") || p.isWord(i, "desc"))
-            term.descending = p.isWord(i++, "desc");
-        order->append(term);
-        if (p.isPunct(i, u';') && i + 1 == p.size())
-            return true;
-        if (i < p.size() && !p.isPunct(i++, u','))
-            return false;
-    }
-    return !order->isEmpty();
-}
-
 RecordsetSource planSelect(Connection& connection, const QString& sql)
 {
     const Parsed p(sql);
-    const RecordsetSource readOnly{sql, {}, {}, {}};
+    const RecordsetSource readOnly{sql, {}};
     if (!p.isWord(0, "select") || p.isWord(1, "distinct") || p.isWord(1, "all"))
         return readOnly;
     const size_t from = p.find("from");
@@ -162,12 +139,7 @@ RecordsetSource planSelect(Connection& connection, const QString& sql)
     const QString qualifier = after > from + 2 ? p.text(from + 2).toString() : p.text(from + 1).toString();
     const QString head = QStringLiteral("SELECT %1.rowid, ").arg(qualifier);
     const QString body = sql.mid(p.startOf(1));
-    RecordsetSource source{head + body, table, {}, {}};
-    if (ordered && orderTerms(p, orderAt + 2, &source.order))
-        source.unsortedSql = head + sql.mid(p.startOf(1), p.startOf(orderAt) - p.startOf(1));
-    else
-        source.order.clear();
-    return source;
+    return {head + body, table};
 }
 
 }  // namespace
@@ -180,7 +152,7 @@ RecordsetSource planRecordset(Connection& connection, const QString& tableNameOr
     const QString table = resolveTable(connection, unquoted(tableNameOrSql));
     if (table.isEmpty())
         throw engineError(3078, {unquoted(tableNameOrSql)}, tableNameOrSql);
-    return {QStringLiteral("SELECT rowid, * FROM %1").arg(quoted(table)), table, {}, {}};
+    return {QStringLiteral("SELECT rowid, * FROM %1").arg(quoted(table)), table};
 }
 
 }  // namespace hb::storage
