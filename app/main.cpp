@@ -1,4 +1,5 @@
 #include "core/application.h"
+#include "core/errors.h"
 #include "core/frmmdi.h"
 
 int main(int argc, char** argv)
@@ -7,6 +8,7 @@ int main(int argc, char** argv)
     hb::FrmMDI frame;
     frame.show();
     if (!hb::runGuarded(QStringLiteral("FrmMDI"), [&] { frame.MDIForm_Load(); }))
-        return 0;
-    return app.exec();
+        return hb::exitStatus();
+    const int status = app.exec();
+    return status != 0 ? status : hb::exitStatus();
 }

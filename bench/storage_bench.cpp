@@ -3,6 +3,7 @@
 
 #include "platform/storage/database.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -101,6 +102,50 @@ void BM_StorageSortedWalkReadingFourFields(benchmark::State& state)
     }
 }
 BENCHMARK(BM_StorageSortedWalkReadingFourFields)->Unit(benchmark::kMillisecond);
+
+// The same walk with the order left to SQLite and the collation (a term with COLLATE is not sorted in memory).
+void BM_StorageSortedWalkSortedBySqlite(benchmark::State& state)
+{
+    Database db = Database::open(large().path());
+    for (auto _ : state) {
+        Recordset rs = db.openRecordset(
+            QStringLiteral("Select * from Roof Order by SortName collate NOCASE, RoofName collate NOCASE"));
+        qint64 sum = 0;
+        for (; !rs.eof(); rs.moveNext()) {
+            sum += rs.value(QStringLiteral("RoofNumber")).toInt();
+            sum += rs.value(QStringLiteral("SortName")).toString().size();
+            sum += rs.value(QStringLiteral("RoofName")).toString().size();
+            sum += rs.value(QStringLiteral("RoofSelected")).toInt();
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+}
+BENCHMARK(BM_StorageSortedWalkSortedBySqlite)->Unit(benchmark::kMillisecond);
+
+// The duplicate test of an import: one listing by its name, in another case, among 32767 distinct names;
+// argument 1 with the name index, 0 without.
+void BM_StorageNameLookup(benchmark::State& state)
+{
+    QTemporaryDir dir;
+    const QString copy = dir.filePath(QStringLiteral("lookup.db"));
+    QFile::copy(large().path(), copy);
+    Database db = Database::open(copy);
+    db.execute(QStringLiteral("update Roof set RoofName = RoofName || ' ' || RoofNumber"));
+    if (state.range(0))
+        db.addTextLookupIndex(QStringLiteral("Roof"), QStringLiteral("RoofName"));
+    int n = 0;
+    for (auto _ : state) {
+        const int number = 1 + (n++ * 7919) % Largest;
+        const QString surname = QString::fromUtf8(surnames[(number * 7919) % std::size(surnames)]);
+        Recordset rs = db.openRecordset(QStringLiteral("select * from Roof where RoofName = 'THE %1 FAMILY %2'")
+                                            .arg(surname.toUpper())
+                                            .arg(number));
+        if (rs.eof())
+            state.SkipWithError("not found");
+        benchmark::DoNotOptimize(rs.value(QStringLiteral("RoofNumber")));
+    }
+}
+BENCHMARK(BM_StorageNameLookup)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
 void BM_StorageAddNewOnTheLargeTable(benchmark::State& state)
 {

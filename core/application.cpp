@@ -1,19 +1,22 @@
 #include "core/application.h"
 
 #include "core/errors.h"
+#include "core/forms.h"
 
 #include <QWidget>
 
 namespace hb {
 
 namespace {
+// "frmAddressBook.cmdOK": the program's window that holds the control, and the control.
 QString locationOf(QObject* receiver)
 {
     if (auto* widget = qobject_cast<QWidget*>(receiver)) {
-        const QString window = widget->window()->objectName();
-        return widget->objectName().isEmpty() || widget == widget->window()
-                   ? window
-                   : window + QLatin1Char('.') + widget->objectName();
+        QWidget* window = widget;
+        while (window && !qobject_cast<Form*>(window) && !window->isWindow())
+            window = window->parentWidget();
+        const QString name = window ? window->objectName() : QString();
+        return widget->objectName().isEmpty() || widget == window ? name : name + QLatin1Char('.') + widget->objectName();
     }
     return receiver ? receiver->objectName() : QString();
 }

@@ -1,6 +1,7 @@
 #include "core/errors.h"
 
 #include "core/session.h"
+#include "core/helpers.h"
 #include "core/setup.h"
 #include "platform/storage/dberror.h"
 #include "platform/ui/windowservice.h"
@@ -12,7 +13,15 @@ namespace hb {
 
 namespace {
 bool ended = false;
+int status = 0;
+
+// What the engine was asked to do when it failed, for whoever reads the debug log.
+void logFailedSql(const std::exception& failure)
+{
+    if (auto* db = dynamic_cast<const DbError*>(&failure); db && !db->sql().isEmpty())
+        DebugLog(QStringLiteral("Error %1 in: %2").arg(db->number()).arg(db->sql()));
 }
+} // namespace
 
 RuntimeError::RuntimeError(int number, QString description)
     : number_(number), description_(std::move(description)), what_(description_.toStdString())
@@ -43,10 +52,13 @@ bool StandardHandler::run(const std::function<void()>& step)
         step();
         return true;
     } catch (const std::exception& failure) {
+        logFailedSql(failure);
         const int answer = ui::msgBox(errorReport(location_, errorInfo(failure)), ui::MsgYesNoButtons,
                                       QStringLiteral("Error Handler"));
-        if (answer != ui::AnswerYes)
+        if (answer != ui::AnswerYes) {
+            status = 1;  // the program ends on a failure
             unloadFrame();
+        }
         return false;
     }
 }
@@ -54,6 +66,8 @@ bool StandardHandler::run(const std::function<void()>& step)
 void reportUnhandled(const QString& location, const std::exception& failure)
 {
     const ErrorInfo info = errorInfo(failure);
+    status = 1;
+    logFailedSql(failure);
     ui::msgBox(QStringLiteral("An internal error has been encountered.\n Location: %1\n Error: %2\n Text: %3\n\n"
                               "The program will end now.")
                    .arg(location)
@@ -77,11 +91,17 @@ void endProcess()
     ended = true;
     for (QWidget* w : QApplication::topLevelWidgets())
         w->hide();
-    QCoreApplication::exit(0);
+    QCoreApplication::exit(status);
     throw ProgramEnd{};
 }
 
 bool programEnded() { return ended; }
-void clearProgramEnded() { ended = false; }
+void clearProgramEnded()
+{
+    ended = false;
+    status = 0;
+}
+
+int exitStatus() { return status; }
 
 } // namespace hb

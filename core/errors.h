@@ -54,5 +54,7 @@ void reportUnhandled(const QString& location, const std::exception& failure);
 [[noreturn]] void endProcess();
 bool programEnded();           // for the tests and the main loop
 void clearProgramEnded();
+// The process's exit status: 1 once the program has ended on a failure, else 0.
+int exitStatus();
 
 } // namespace hb

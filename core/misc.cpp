@@ -43,14 +43,28 @@ bool IsFileThere(const QString& path) { return files::isFileThere(path); }
 
 bool IsDirectoryThere(const QString& path) { return files::isDirectoryThere(path); }
 
-void CopyFile(const QString& source, const QString& target)
+namespace {
+// The run-time error of a failed file copy: the numbers and texts the user knows from the original.
+RuntimeError copyError(const files::FileError& failure)
+{
+    const QString detail = QStringLiteral(" (%1)").arg(failure.path());
+    switch (failure.reason()) {
+    case files::FileFailure::DiskFull: return RuntimeError(61, QStringLiteral("Disk full") + detail);
+    case files::FileFailure::Denied: return RuntimeError(70, QStringLiteral("Permission denied") + detail);
+    case files::FileFailure::Missing: return RuntimeError(53, QStringLiteral("File not found") + detail);
+    default: return RuntimeError(75, QStringLiteral("Path/File access error") + detail);
+    }
+}
+} // namespace
+
+bool CopyFile(const QString& source, const QString& target)
 {
     StandardHandler handler(QStringLiteral("CopyFile"));
-    handler.run([&] {
+    return handler.run([&] {
         try {
             files::copyFileAtomically(source, target);
-        } catch (const std::runtime_error& failure) {
-            throw RuntimeError(75, QString::fromLocal8Bit(failure.what()));
+        } catch (const files::FileError& failure) {
+            throw copyError(failure);
         }
     });
 }

@@ -15,7 +15,8 @@ QString NullToText(const QVariant& value);       // the same, as text
 QString RoofTypeName(qint16 typeNumber);         // trimmed name of a type, or "No Type Assigned"
 bool IsFileThere(const QString& path);
 bool IsDirectoryThere(const QString& path);
-void CopyFile(const QString& source, const QString& target);   // has the standard handler
+// Has the standard handler; the target is replaced only by a whole copy. True when the copy was made.
+bool CopyFile(const QString& source, const QString& target);
 
 // A number as it enters SQL after a literal that ends in "=": with the blank that stands for its sign.
 QString NumText(long long number);

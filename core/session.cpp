@@ -1,4 +1,5 @@
 #include "core/session.h"
+#include "core/setup.h"
 
 #include <QCoreApplication>
 
@@ -63,6 +64,7 @@ void resetSession()
             db->close();
         *db = Database();
     }
+    releaseDataFolder();
     SQL.clear();
     AppPath.clear();
     DataPath.clear();

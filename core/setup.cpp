@@ -4,6 +4,8 @@
 #include "core/misc.h"
 #include "core/session.h"
 #include "core/upgrades.h"
+#include "core/helpers.h"
+#include "platform/files.h"
 #include "platform/storage/dberror.h"
 #include "platform/ui/windowservice.h"
 
@@ -14,6 +16,28 @@ namespace hb {
 namespace {
 
 constexpr int NotValidPassword = 3031;
+
+files::FolderLock dataFolderLock;
+
+// One running copy per data folder: a second copy would compact and replace the file under the first.
+// Returns false when another copy holds the folder.
+bool holdDataFolder()
+{
+    const QString lockFile = DataPath + QStringLiteral("homebook.lock");
+    if (dataFolderLock.isLocked() && dataFolderLock.path() == lockFile)
+        return true;  // Setup again in this session, after a restore
+    return dataFolderLock.lock(lockFile) != files::FolderLock::Result::HeldElsewhere;
+}
+
+// What a run that was killed while it replaced a file left beside it.
+void removeLeftovers()
+{
+    const QStringList removed = files::removeLeftovers(
+        DataPath, {QStringLiteral("varlo.mdb"), QStringLiteral("varlo.bak"), QStringLiteral("varlo.bak2"),
+                   QStringLiteral("export.mdb"), QStringLiteral("varloTemp.mdb")});
+    if (!removed.isEmpty())
+        DebugLog(QStringLiteral("Removed what an interrupted run left: ") + removed.join(QStringLiteral(", ")));
+}
 
 void openMainDatabase(StandardHandler& handler)
 {
@@ -26,6 +50,18 @@ void openMainDatabase(StandardHandler& handler)
             DB = Database::open(DatabaseName, false, false, QStringLiteral(";pwd=tulip434"));
         }
     });
+}
+
+// The import finds duplicates by name among many listings; files made before the index get it here.
+// Without it everything still works, only slower, so a file that cannot take it is left as it is.
+void addLookupIndex()
+{
+    try {
+        if (DB.isOpen())
+            DB.addTextLookupIndex(QStringLiteral("Roof"), QStringLiteral("RoofName"));
+    } catch (const DbError& failure) {
+        DebugLog(QStringLiteral("No name index: ") + failure.description());
+    }
 }
 
 void readVersion(StandardHandler& handler)
@@ -120,6 +156,13 @@ void Setup()
     DataPath = AppPath + QStringLiteral("Data/");
     HelpFile = AppPath + QStringLiteral("help/HBHELP.HLP");
 
+    if (!holdDataFolder()) {
+        ui::msgBox(QStringLiteral("Homebook is already running."), MsgWarning, QStringLiteral("Homebook"));
+        endProcess();
+    }
+    if (dataFolderLock.isLocked())
+        removeLeftovers();
+
     if (!IsFileThere(DataPath + QStringLiteral("varlo.mdb"))) {
         if (!IsFileThere(DataPath + QStringLiteral("hb10db.shell"))) {
             ui::msgBox(QStringLiteral("Reinstall Quillon or restore from backup!"), MsgWarning,
@@ -135,6 +178,7 @@ void Setup()
         openMainDatabase(handler);
         readVersion(handler);
         upgrade(handler);
+        addLookupIndex();
         if (!countStart(handler))
             break;
         handler.run(ClearReportTables);
@@ -149,13 +193,14 @@ void Setup()
 void CompactAddressDatabase()
 {
     const QString bak = DataPath + QStringLiteral("varlo.bak");
-    if (IsFileThere(bak)) {
-        CopyFile(bak, DataPath + QStringLiteral("varlo.bak2"));
+    // The older copy goes only once the copy of it stands whole.
+    if (IsFileThere(bak) && CopyFile(bak, DataPath + QStringLiteral("varlo.bak2")))
         QFile::remove(bak);
-    }
     Database::compact(DataPath + QStringLiteral("varlo.mdb"), bak);
     CopyFile(bak, DataPath + QStringLiteral("varlo.mdb"));
 }
+
+void releaseDataFolder() { dataFolderLock.release(); }
 
 void ClearReportTables()
 {

@@ -10,6 +10,8 @@ void ClearReportTables();
 void ClearRptBirthday();
 void ClearRptLabels();
 void LoadRoofTypes();
+// Lets another copy of the program use the data folder (the end of a session in the tests).
+void releaseDataFolder();
 // Writes the cached settings back, closes the database and ends the process. Does not return.
 [[noreturn]] void SaveStateAndEnd();
 // What unloading the frame does: the settings are stored and the program ends.

@@ -6,6 +6,9 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QUrl>
+
+#include <unistd.h>
 
 #include <sqlite3.h>
 
@@ -53,6 +56,12 @@ void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt)
 
 namespace {
 
+// True when no file can be made in the folder (a read-only mount, or no permission to write there).
+bool isReadOnlyFolder(const QString& folder)
+{
+    return ::access(QFile::encodeName(folder).constData(), W_OK) != 0;
+}
+
 void configure(Connection& connection, OpenMode mode)
 {
     registerTextRules(connection.db);
@@ -64,6 +73,43 @@ void configure(Connection& connection, OpenMode mode)
         run(connection, QStringLiteral("PRAGMA synchronous=NORMAL"));
     }
     run(connection, QStringLiteral("PRAGMA foreign_keys=ON"));
+}
+
+}  // namespace
+
+namespace {
+
+// Opens the file with the given flags, as a URI when one is given; throws the engine's error.
+void openFile(Connection& connection, const QString& path, const QByteArray& name, int flags)
+{
+    const int rc = sqlite3_open_v2(name.constData(), &connection.db, flags, nullptr);
+    if (rc == SQLITE_OK)
+        return;
+    const QString message = QString::fromUtf8(sqlite3_errmsg(connection.db));
+    sqlite3_close(connection.db);
+    connection.db = nullptr;
+    if (rc == SQLITE_CANTOPEN)
+        throw engineError(3051, {path});
+    throw engineError(3000, {QString::number(rc), message});
+}
+
+void openConfigured(Connection& connection, const QString& path, const QByteArray& name, int flags, OpenMode mode)
+{
+    openFile(connection, path, name, flags);
+    sqlite3_extended_result_codes(connection.db, 1);
+    try {
+        configure(connection, mode);
+    } catch (const DbError&) {
+        connection.close();
+        throw;
+    }
+}
+
+// A folder the program may not write to: the journal needs files beside the database, so the file
+// is read as it stands, and every write fails as on a read-only database.
+bool isReadOnlyFailure(int number)
+{
+    return number == 3051 || number == 3027 || number == 3043 || number == 3000;
 }
 
 }  // namespace
@@ -85,21 +131,16 @@ std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode)
     flags |= mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     if (mode == OpenMode::Create)
         flags |= SQLITE_OPEN_CREATE;
-    const int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &connection->db, flags, nullptr);
-    if (rc != SQLITE_OK) {
-        const QString message = QString::fromUtf8(sqlite3_errmsg(connection->db));
-        sqlite3_close(connection->db);
-        connection->db = nullptr;
-        if (rc == SQLITE_CANTOPEN)
-            throw engineError(3051, {path});
-        throw engineError(3000, {QString::number(rc), message});
-    }
-    sqlite3_extended_result_codes(connection->db, 1);
     try {
-        configure(*connection, mode);
-    } catch (const DbError&) {
-        connection->close();
-        throw;
+        openConfigured(*connection, path, QFile::encodeName(path), flags, mode);
+    } catch (const DbError& failure) {
+        if (mode == OpenMode::Create || !isReadOnlyFailure(failure.number()) || !isReadOnlyFolder(info.absolutePath()))
+            throw;
+        QUrl uri = QUrl::fromLocalFile(info.absoluteFilePath());
+        uri.setScheme(QStringLiteral("file"));
+        uri.setQuery(QStringLiteral("immutable=1"));
+        openConfigured(*connection, path, uri.toEncoded(), SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
+                       OpenMode::ReadOnly);
     }
     return connection;
 }

@@ -1,5 +1,6 @@
 #include "platform/storage/database.h"
 
+#include "platform/files.h"
 #include "platform/storage/connection.h"
 #include "platform/storage/errors.h"
 #include "platform/storage/schema.h"
@@ -7,16 +8,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryFile>
 
 #include <sqlite3.h>
 
-#include <filesystem>
-#include <system_error>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 using hb::storage::Connection;
 using hb::storage::engineError;
@@ -25,24 +19,22 @@ using hb::storage::Statement;
 
 namespace {
 
-// VACUUM INTO does not sync what it writes; the rename must not come first.
-void flushToDisk(const QString& path)
+// A compacted file is put in place only when the engine finds it whole.
+void checkWhole(const QString& path)
 {
-#ifdef Q_OS_UNIX
-    QFile file(path);
-    if (file.open(QIODevice::ReadOnly))
-        ::fsync(file.handle());
-#else
-    Q_UNUSED(path);
-#endif
+    const std::shared_ptr<Connection> written = hb::storage::openConnection(path, OpenMode::ReadOnly);
+    Statement check(*written, QStringLiteral("PRAGMA quick_check"));
+    const bool whole = check.step() && check.text(0) == QLatin1String("ok");
+    check.finalize();
+    written->close();
+    if (!whole)
+        throw engineError(3049, {path});
 }
 
-// A WAL or shared-memory file left beside the target belongs to the old file
-// and would be replayed into the new one.
-void removeCompanions(const QString& target)
+void removeWithJournals(const QString& path)
 {
-    QFile::remove(target + QLatin1String("-wal"));
-    QFile::remove(target + QLatin1String("-shm"));
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"})
+        QFile::remove(path + QLatin1String(suffix));
 }
 
 }  // namespace
@@ -124,28 +116,35 @@ void Database::appendField(const QString& table, const FieldDef& field)
     hb::storage::appendField(connection(), table, field);
 }
 
+void Database::addTextLookupIndex(const QString& table, const QString& field)
+{
+    hb::storage::addTextLookupIndex(connection(), table, field);
+}
+
 void Database::compact(const QString& source, const QString& target)
 {
     const std::shared_ptr<Connection> from = hb::storage::openConnection(source, OpenMode::Existing);
-    const QFileInfo targetInfo(target);
-    QTemporaryFile temporary(targetInfo.absoluteDir().filePath(targetInfo.fileName() + QLatin1String(".XXXXXX")));
-    if (!temporary.open())
-        throw engineError(3051, {target});
-    temporary.close();  // VACUUM INTO takes an existing file only when it is empty
-    Statement vacuum(*from, QStringLiteral("VACUUM INTO ?1"));
-    vacuum.bind(1, temporary.fileName());
-    vacuum.step();
-    vacuum.finalize();
-    from->close();
-
-    // QTemporaryFile makes a private file; the compacted one reads like its original.
-    QFile::setPermissions(temporary.fileName(), QFileInfo(targetInfo.exists() ? target : source).permissions());
-    flushToDisk(temporary.fileName());
-    removeCompanions(target);
-    std::error_code failed;
-    std::filesystem::rename(QFile::encodeName(temporary.fileName()).toStdString(),
-                            QFile::encodeName(targetInfo.absoluteFilePath()).toStdString(), failed);
-    if (failed)
-        throw engineError(3051, {target});
-    temporary.setAutoRemove(false);
+    QString temporary;
+    try {
+        temporary = hb::files::createFileBeside(target);
+    } catch (const hb::files::FileError& failure) {
+        throw engineError(failure.reason() == hb::files::FileFailure::DiskFull ? 3026 : 3051, {target});
+    }
+    try {
+        Statement vacuum(*from, QStringLiteral("VACUUM INTO ?1"));
+        vacuum.bind(1, temporary);
+        vacuum.step();
+        vacuum.finalize();
+        from->close();
+        checkWhole(temporary);
+    } catch (...) {
+        removeWithJournals(temporary);
+        throw;
+    }
+    // The compacted file reads like its original; it replaces the target only flushed and whole.
+    try {
+        hb::files::putInPlace(temporary, target, source);
+    } catch (const hb::files::FileError& failure) {
+        throw engineError(failure.reason() == hb::files::FileFailure::DiskFull ? 3026 : 3051, {target});
+    }
 }

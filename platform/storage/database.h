@@ -42,6 +42,8 @@ public:
     std::optional<TableDef> tableDef(const QString& name) const;  // read back from the file
     void createTable(const TableDef& def);
     void appendField(const QString& table, const FieldDef& field);
+    // A case-insensitive lookup index on a text field (see hb::storage::addTextLookupIndex).
+    void addTextLookupIndex(const QString& table, const QString& field);
 
     // Compacts a closed database file into target: written beside the target
     // and renamed over it, so the target is replaced atomically. Fails with

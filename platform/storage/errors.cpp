@@ -24,8 +24,13 @@ const Message messages[] = {
     {3022, "The changes you requested to the table were not successful because they would create duplicate "
            "values in the index, primary key, or relationship."},
     {3024, "Could not find file '%1'."},
+    {3026, "Not enough space on disk."},
     {3027, "Cannot update.  Database or object is read-only."},
-    {3051, "The database engine cannot open the file '%1'."},
+    {3043, "Disk or network error."},
+    {3049, "Cannot open database '%1'.  It may not be a database that your application recognizes, or the "
+           "file may be corrupt."},
+    {3051, "The database engine cannot open the file '%1'.  It is already opened exclusively by another "
+           "user, or you need permission to view its data."},
     {3058, "Index or primary key cannot contain a Null value."},
     {3061, "Too few parameters. Expected 1. (%1)"},
     {3065, "Cannot execute a select query."},
@@ -133,6 +138,11 @@ DbError sqliteError(Connection& connection, int rc, const QString& sql, const QS
     case SQLITE_CONSTRAINT: return constraintError(connection, rc, message, sql);
     case SQLITE_ERROR: return plainError(rc, message, sql);
     case SQLITE_NOTADB: return engineError(3343, {connection.path}, sql);
+    case SQLITE_CORRUPT: return engineError(3049, {connection.path}, sql);
+    case SQLITE_FULL: return engineError(3026, {}, sql);
+    case SQLITE_IOERR: return engineError(3043, {}, sql);
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM: return engineError(3051, {connection.path}, sql);
     case SQLITE_READONLY: return engineError(3027, {}, sql);
     default: return engineError(3000, {QString::number(rc), message}, sql);
     }

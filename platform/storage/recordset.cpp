@@ -57,8 +57,6 @@ void Recordset::Impl::fetch()
         throw;
     }
     query.reset();
-    if (!sortKeys.empty())
-        hb::storage::sortRows(rows, sortKeys);
     fetched = true;
 }
 

@@ -4,7 +4,6 @@
 #include "platform/storage/fielddef.h"
 #include "platform/storage/recordset.h"
 #include "platform/storage/recordsetsource.h"
-#include "platform/storage/rowsort.h"
 #include "platform/storage/rowstore.h"
 
 #include <QHash>
@@ -56,7 +55,6 @@ public:
     QList<hb::storage::RecordsetColumn> columns;
     // Case-folded names, also "table.field"; spellings once looked up join them.
     mutable QHash<QString, int> byName;
-    std::vector<hb::storage::SortKey> sortKeys;  // the ORDER BY done in memory
     int first = 0;               // 1 when the query's column 0 is the rowid
     hb::storage::RowStore rows;
     bool fetched = false;
@@ -71,7 +69,6 @@ private:
     bool prepare(const QString& sql);
     bool readsTableColumns() const;
     void describeColumns();
-    bool resolveSortKeys();
     QString columnList(const QList<int>& indexes) const;
     QString writeSql(const QList<int>& indexes) const;
     QString criteriaSql(const QString& criteria) const;

@@ -1,6 +1,7 @@
 #include "platform/storage/errors.h"
 #include "platform/storage/fieldtypes.h"
 #include "platform/storage/recordsetimpl.h"
+#include "platform/storage/schema.h"
 
 #include <sqlite3.h>
 
@@ -34,19 +35,11 @@ Recordset::Impl::Impl(std::shared_ptr<Connection> connection_, const QString& ta
 void Recordset::Impl::open()
 {
     source = hb::storage::planRecordset(*connection, given);
-    bool sortsInMemory = false;
-    if (!source.order.isEmpty() && prepare(source.unsortedSql)) {
-        describeColumns();
-        sortsInMemory = resolveSortKeys();
+    if (!prepare(source.sql)) {
+        source = {given, {}};
+        prepare(source.sql);
     }
-    if (!sortsInMemory) {
-        sortKeys.clear();
-        if (!prepare(source.sql)) {
-            source = {given, {}, {}, {}};
-            prepare(source.sql);
-        }
-        describeColumns();
-    }
+    describeColumns();
     rows = RowStore(int(columns.size()));
 }
 
@@ -96,27 +89,4 @@ void Recordset::Impl::describeColumns()
     // With two columns of one name, the first answers to it.
     for (int i = int(columns.size()) - 1; i >= 0; --i)
         byName.insert(columns[i].name.toCaseFolded(), i);
-}
-
-// Each ORDER BY term must be a column the recordset holds, of a collation
-// that sortRows() knows.
-bool Recordset::Impl::resolveSortKeys()
-{
-    for (const hb::storage::RecordsetSource::SortTerm& term : source.order) {
-        const auto column = std::find_if(columns.cbegin(), columns.cend(), [&](const auto& c) {
-            return c.origin.compare(term.name, Qt::CaseInsensitive) == 0;
-        });
-        const char* collation = nullptr;
-        if (column == columns.cend()
-            || sqlite3_table_column_metadata(connection->db, nullptr, source.table.toUtf8().constData(),
-                                             column->origin.toUtf8().constData(), nullptr, &collation, nullptr,
-                                             nullptr, nullptr) != SQLITE_OK)
-            return false;
-        const QByteArray name(collation);
-        if (name.compare("NOCASE", Qt::CaseInsensitive) != 0 && name.compare("BINARY", Qt::CaseInsensitive) != 0)
-            return false;
-        sortKeys.push_back({int(column - columns.cbegin()), term.descending,
-                            name.compare("NOCASE", Qt::CaseInsensitive) == 0});
-    }
-    return true;
 }

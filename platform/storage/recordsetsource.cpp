@@ -4,81 +4,155 @@
 #include "platform/storage/errors.h"
 #include "platform/storage/schema.h"
 
-#include <QRegularExpression>
+#include <vector>
 
 namespace hb::storage {
 namespace {
 
-const QString nameToken = QStringLiteral("(?:\\[[^\\]]+\\]|\"(?:[^\"]|\"\")+\"|\\w+)");
+// One token of an SQL text: a word or a name ([bracketed], "quoted", `ticked`), a string literal, a
+// number, or one character of punctuation. Keywords are only ever looked for among the words, so that
+// text inside quotes never reads as a clause.
+struct Token {
+    enum Kind { Word, Name, Literal, Other } kind;
+    int start;
+    int end;  // one past the last character
+    int depth;  // of parentheses around it
+};
 
-bool isTableName(const QString& text)
+int closingOf(const QString& sql, int at, QChar close)
 {
-    static const QRegularExpression name(QStringLiteral("^\\s*") + nameToken + QStringLiteral("\\s*$"));
-    return name.match(text).hasMatch() && !text.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
+    for (int i = at + 1; i < sql.size(); ++i) {
+        if (sql[i] != close)
+            continue;
+        if (close != u']' && i + 1 < sql.size() && sql[i + 1] == close) {
+            ++i;  // a doubled quote stands for itself
+            continue;
+        }
+        return i + 1;
+    }
+    return int(sql.size());
 }
 
-// Clauses after which a row of the result is no longer one row of the table. Words inside text literals
-// ('Union Station', "Group Having Inc") are data, not clauses.
-bool groupsRows(const QString& rest)
+std::vector<Token> tokenize(const QString& sql)
 {
-    static const QRegularExpression literals(QStringLiteral("'(?:[^']|'')*'|\"(?:[^\"]|\"\")*\""));
-    static const QRegularExpression grouping(QStringLiteral("\\b(group\\s+by|having|union|intersect|except)\\b"),
-                                             QRegularExpression::CaseInsensitiveOption);
-    return grouping.match(QString(rest).replace(literals, QStringLiteral("''"))).hasMatch();
+    std::vector<Token> tokens;
+    int depth = 0;
+    for (int i = 0; i < sql.size();) {
+        const QChar c = sql[i];
+        if (c.isSpace()) {
+            ++i;
+            continue;
+        }
+        Token t{Token::Other, i, i + 1, depth};
+        if (c == u'\'') {
+            t = {Token::Literal, i, closingOf(sql, i, u'\''), depth};
+        } else if (c == u'"' || c == u'`' || c == u'[') {
+            t = {Token::Name, i, closingOf(sql, i, c == u'[' ? QChar(u']') : c), depth};
+        } else if (c.isLetterOrNumber() || c == u'_') {
+            int end = i;
+            while (end < sql.size() && (sql[end].isLetterOrNumber() || sql[end] == u'_' || sql[end] == u'$'))
+                ++end;
+            t = {Token::Word, i, end, depth};
+        } else if (c == u'(') {
+            ++depth;
+        } else if (c == u')') {
+            t.depth = --depth;
+        }
+        tokens.push_back(t);
+        i = t.end;
+    }
+    return tokens;
 }
 
-// Splits "where ... order by a, b desc" into "where ..." and the terms, when
-// each term is a plain column name.
-bool splitOrder(const QString& rest, QString* filter, QList<RecordsetSource::SortTerm>* order)
+class Parsed {
+public:
+    Parsed(const QString& sql) : sql_(sql), tokens_(tokenize(sql)) {}
+
+    QStringView text(size_t i) const { return QStringView(sql_).mid(tokens_[i].start, tokens_[i].end - tokens_[i].start); }
+    bool isWord(size_t i, const char* word) const
+    {
+        return i < tokens_.size() && tokens_[i].kind == Token::Word && tokens_[i].depth == 0
+            && text(i).compare(QLatin1String(word), Qt::CaseInsensitive) == 0;
+    }
+    bool isPunct(size_t i, char16_t c) const
+    {
+        return i < tokens_.size() && tokens_[i].kind == Token::Other && tokens_[i].depth == 0 && text(i) == QChar(c);
+    }
+    bool isName(size_t i) const
+    {
+        return i < tokens_.size() && (tokens_[i].kind == Token::Name || tokens_[i].kind == Token::Word);
+    }
+    // The first top-level token from `from` that is the word, or size().
+    size_t find(const char* word, size_t from = 0) const
+    {
+        for (size_t i = from; i < tokens_.size(); ++i) {
+            if (isWord(i, word))
+                return i;
+        }
+        return tokens_.size();
+    }
+    size_t size() const { return tokens_.size(); }
+    int startOf(size_t i) const { return i < tokens_.size() ? tokens_[i].start : int(sql_.size()); }
+
+private:
+    const QString& sql_;
+    std::vector<Token> tokens_;
+};
+
+// Clauses after which a row of the result is no longer one row of one table, between two tokens.
+bool groupsRows(const Parsed& p, size_t from, size_t to)
 {
-    const QString term = QStringLiteral("(?:(?:") + nameToken + QStringLiteral(")\\.)?(") + nameToken
-        + QStringLiteral(")(?:\\s+(asc|desc))?");
-    static const QRegularExpression ordered(QStringLiteral("^(.*?)\\s*\\border\\s+by\\s+(") + term + QStringLiteral("(?:\\s*,\\s*")
-                                                + term + QStringLiteral(")*)[;\\s]*$"),
-                                            QRegularExpression::CaseInsensitiveOption
-                                                | QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression oneTerm(term, QRegularExpression::CaseInsensitiveOption);
-    const QRegularExpressionMatch match = ordered.match(rest);
-    if (!match.hasMatch())
-        return false;
-    *filter = match.captured(1);
-    for (const QRegularExpressionMatch& m : oneTerm.globalMatch(match.captured(2)))
-        order->append({unquoted(m.captured(1)), m.captured(2).compare(QLatin1String("desc"), Qt::CaseInsensitive) == 0});
-    return true;
+    for (size_t i = from; i < to; ++i) {
+        for (const char* word : {"group", "having", "union", "intersect", "except", "join"}) {
+            if (p.isWord(i, word))
+                return true;
+        }
+        if (p.isPunct(i, u','))
+            return true;  // a second table in the from list
+    }
+    return false;
 }
 
 RecordsetSource planSelect(Connection& connection, const QString& sql)
 {
-    const QString column = QStringLiteral("(?:") + nameToken + QStringLiteral("\\.)?") + nameToken;
-    static const QRegularExpression plain(
-        QStringLiteral("^\\s*select\\s+(\\*|") + nameToken + QStringLiteral("\\.\\*|") + column + QStringLiteral("(?:\\s*,\\s*")
-            + column + QStringLiteral(")*)\\s+from\\s+(") + nameToken
-            + QStringLiteral(")\\s*((?:where|order\\s+by)\\b.*)?[;\\s]*$"),
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-    const QRegularExpressionMatch match = plain.match(sql);
-    if (!match.hasMatch() || groupsRows(match.captured(3)))
-        return {sql, {}, {}, {}};
-    const QString table = resolveTable(connection, unquoted(match.captured(2)));
+    const Parsed p(sql);
+    const RecordsetSource readOnly{sql, {}};
+    if (!p.isWord(0, "select") || p.isWord(1, "distinct") || p.isWord(1, "all"))
+        return readOnly;
+    const size_t from = p.find("from");
+    if (from + 1 >= p.size() || !p.isName(from + 1))
+        return readOnly;
+    size_t after = from + 2;
+    if (p.isName(after) && !p.isWord(after, "where") && !p.isWord(after, "order"))
+        ++after;  // an alias
+    const size_t orderAt = p.find("order", after);
+    const bool ordered = p.isWord(orderAt + 1, "by");
+    const size_t restEnd = ordered ? orderAt : p.size();
+    if (after < restEnd && !p.isWord(after, "where") && !(p.isPunct(after, u';') && after + 1 == p.size()))
+        return readOnly;
+    if (groupsRows(p, after, restEnd))
+        return readOnly;
+    const QString table = resolveTable(connection, unquoted(p.text(from + 1).toString()));
     if (table.isEmpty())
-        return {sql, {}, {}, {}};  // SQLite names the missing table
-    const QString head = QStringLiteral("SELECT %1.rowid, %2 FROM %3 ").arg(quoted(table), match.captured(1), match.captured(2));
-    RecordsetSource source{head + match.captured(3), table, {}, {}};
-    QString filter;
-    if (splitOrder(match.captured(3), &filter, &source.order))
-        source.unsortedSql = head + filter;
-    return source;
+        return readOnly;  // SQLite names the missing table
+    // The alias or the table's own name, as the text calls it, qualifies the rowid.
+    const QString qualifier = after > from + 2 ? p.text(from + 2).toString() : p.text(from + 1).toString();
+    const QString head = QStringLiteral("SELECT %1.rowid, ").arg(qualifier);
+    const QString body = sql.mid(p.startOf(1));
+    return {head + body, table};
 }
 
 }  // namespace
 
 RecordsetSource planRecordset(Connection& connection, const QString& tableNameOrSql)
 {
-    if (!isTableName(tableNameOrSql))
+    const Parsed p(tableNameOrSql);
+    if (p.size() != 1 || !p.isName(0) || p.isWord(0, "select"))
         return planSelect(connection, tableNameOrSql);
     const QString table = resolveTable(connection, unquoted(tableNameOrSql));
     if (table.isEmpty())
         throw engineError(3078, {unquoted(tableNameOrSql)}, tableNameOrSql);
-    return {QStringLiteral("SELECT rowid, * FROM %1").arg(quoted(table)), table, {}, {}};
+    return {QStringLiteral("SELECT rowid, * FROM %1").arg(quoted(table)), table};
 }
 
 }  // namespace hb::storage

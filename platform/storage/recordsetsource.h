@@ -14,14 +14,6 @@ struct RecordsetSource {
     // it alone; the SQL then returns that table's rowid first. Empty for a
     // read-only recordset (joins, aggregates, expressions).
     QString table;
-    // When the SQL ends in an ORDER BY of plain column names, the same SQL
-    // without it and the terms, so that the held rows can be sorted in memory.
-    struct SortTerm {
-        QString name;
-        bool descending = false;
-    };
-    QString unsortedSql;
-    QList<SortTerm> order;
 };
 
 // A table name becomes "SELECT rowid, * FROM table" (3078 when there is no

@@ -24,6 +24,15 @@ std::optional<TableDef> readTableDef(Connection& connection, const QString& name
 void createTable(Connection& connection, const TableDef& def);
 void appendField(Connection& connection, const QString& table, const FieldDef& field);
 
+// The collation of the program's own text order: NOCASE, under a name of its own.
+constexpr const char* TextOrderCollation = "TEXTORDER";
+
+// An index that answers "field = 'text'" and orders by the field in the program's text order. Because
+// that order is not SQLite's built-in NOCASE, the field's collation becomes TEXTORDER, which the sqlite3
+// shell does not know: the shell can read the table but refuses to write to it, instead of filing rows
+// into the index out of order. Does nothing when the index is there.
+void addTextLookupIndex(Connection& connection, const QString& table, const QString& field);
+
 // The names the rules carry, by which a failure finds its way back to its
 // field (see errors.cpp).
 QString zeroLengthRuleName(const QString& table, const QString& field);

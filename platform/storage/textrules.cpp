@@ -109,10 +109,27 @@ char32_t decodeUtf8(const unsigned char* text, int size, int* at)
     return code;
 }
 
-int compareNoCase(const char* a, int aSize, const char* b, int bSize)
+char32_t baseLetter(char32_t c)
 {
-    const auto* pa = reinterpret_cast<const unsigned char*>(a);
-    const auto* pb = reinterpret_cast<const unsigned char*>(b);
+    static std::vector<char16_t> cache(0x10000, 0);
+    if (c >= 0x10000)
+        return QChar::toCaseFolded(c);
+    char16_t& known = cache[c];
+    if (!known) {
+        QChar q{char16_t(c)};
+        while (q.decompositionTag() == QChar::Canonical)
+            q = q.decomposition().at(0);
+        known = q.toCaseFolded().unicode();
+    }
+    return known;
+}
+
+namespace {
+
+// One pass over both texts; `accents` compares the folded characters, else their base letters.
+// *plain is set when both were ASCII to their end.
+int comparePass(const unsigned char* pa, int aSize, const unsigned char* pb, int bSize, bool accents, bool* plain)
+{
     int i = 0, j = 0;
     while (i < aSize && j < bSize) {
         char32_t ca = pa[i], cb = pb[j];
@@ -124,14 +141,33 @@ int compareNoCase(const char* a, int aSize, const char* b, int bSize)
                 cb = fold(char16_t(cb));
             }
         } else {
-            ca = QChar::toCaseFolded(decodeUtf8(pa, aSize, &i));
-            cb = QChar::toCaseFolded(decodeUtf8(pb, bSize, &j));
+            *plain = false;
+            ca = decodeUtf8(pa, aSize, &i);
+            cb = decodeUtf8(pb, bSize, &j);
+            ca = accents ? QChar::toCaseFolded(ca) : baseLetter(ca);
+            cb = accents ? QChar::toCaseFolded(cb) : baseLetter(cb);
         }
         if (ca != cb)
             return ca < cb ? -1 : 1;
     }
+    if (i < aSize || j < bSize)
+        *plain = *plain && !((i < aSize ? pa[i] : pb[j]) & 0x80);
     const bool aLeft = i < aSize, bLeft = j < bSize;
     return aLeft == bLeft ? 0 : (aLeft ? 1 : -1);
+}
+
+}  // namespace
+
+int compareNoCase(const char* a, int aSize, const char* b, int bSize)
+{
+    const auto* pa = reinterpret_cast<const unsigned char*>(a);
+    const auto* pb = reinterpret_cast<const unsigned char*>(b);
+    bool plain = true;
+    // Letters with accents sort beside their base letters; the accents only break a tie.
+    const int byLetters = comparePass(pa, aSize, pb, bSize, false, &plain);
+    if (byLetters != 0 || plain)
+        return byLetters;
+    return comparePass(pa, aSize, pb, bSize, true, &plain);
 }
 
 LikePattern::LikePattern(QStringView pattern, QChar escape) : m_escape(escape)
@@ -238,6 +274,7 @@ bool LikePattern::matchesAscii(const char* text, int size) const
 void registerTextRules(sqlite3* db)
 {
     sqlite3_create_collation_v2(db, "NOCASE", SQLITE_UTF8, nullptr, collateNoCase, nullptr);
+    sqlite3_create_collation_v2(db, "TEXTORDER", SQLITE_UTF8, nullptr, collateNoCase, nullptr);
     const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     sqlite3_create_function_v2(db, "like", 2, flags, nullptr, likeFunction, nullptr, nullptr, nullptr);
     sqlite3_create_function_v2(db, "like", 3, flags, nullptr, likeFunction, nullptr, nullptr, nullptr);

@@ -15,10 +15,15 @@ namespace hb::storage {
 // valid sequence stands for itself.
 char32_t decodeUtf8(const unsigned char* text, int size, int* at);
 
-// Orders two UTF-8 texts by their case-folded characters, as
-// QString::compare(..., Qt::CaseInsensitive) does, without decoding them
-// into strings: it runs on every comparison of a sort.
+// Orders two UTF-8 texts as the engine did: by their letters without case
+// or accents ("Éclair" beside "eclair", before "ZETA"), accents breaking a
+// tie; texts that differ only in case are equal. It works on the bytes
+// without decoding them into strings: it runs on every comparison of a sort.
 int compareNoCase(const char* a, int aSize, const char* b, int bSize);
+
+// The letter a character is built on, case-folded: "É" and "é" are "e".
+// Characters without a canonical decomposition stand for themselves, folded.
+char32_t baseLetter(char32_t c);
 
 // A "like" pattern: "*" any text, "?" one character, "#" one digit, and the
 // lists "[abc]", "[!abc]", "[a-z]". A list or the escape character makes any

@@ -207,3 +207,18 @@ TEST_F(StartupTest, AddressTypesAreCachedInNameOrderBehindNoTypeAssigned)
         EXPECT_TRUE(RoofTypeSelected[i]);
     }
 }
+
+TEST_F(StartupTest, EveryStartGivesTheFileItsNameIndexForFindingListingsByName)
+{
+    const QString plan = QStringLiteral("explain query plan select * from Roof where RoofName = 'Brown Family'");
+    ASSERT_TRUE(setup());
+    EXPECT_TRUE(scalar(DB, plan).isValid());
+    Recordset rs = DB.openRecordset(plan);
+    EXPECT_EQ(rs.value(QStringLiteral("detail")).toString(),
+              QStringLiteral("SEARCH Roof USING INDEX Roof_RoofNameLookup (RoofName=?)"));
+    rs.close();
+    DB.execute(QStringLiteral("drop index Roof_RoofNameLookup"));  // a file made before the index
+    resetSession();
+    ASSERT_TRUE(setup());
+    EXPECT_EQ(scalar(DB, QStringLiteral("select count(*) from sqlite_master where name = 'Roof_RoofNameLookup'")).toInt(), 1);
+}

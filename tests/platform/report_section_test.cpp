@@ -163,7 +163,8 @@ TEST_F(SectionLayout, PageSourcesHoldOneLineEvenWhenEmpty)
     });
     EXPECT_EQ(lay(s).height, Line);
     context.nameIndex = QStringLiteral("Abercrombie-Fitzgerald - Zimmermann-Oppenheimer");
-    const PlacedObject* index = find(lay(s), "Index");
+    const auto laid = lay(s);  // the placed objects live as long as the laid-out section
+    const PlacedObject* index = find(laid, "Index");
     ASSERT_EQ(index->lines.size(), 1);
     EXPECT_TRUE(index->lines.first().endsWith(QChar(0x2026)));
 }

@@ -1,5 +1,12 @@
 #include "storage_fixture.h"
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <unistd.h>
+
 namespace {
 
 using namespace storagetest;
@@ -196,6 +203,52 @@ TEST_F(StorageErrors, OtherSqliteFailuresAre3000WithSqlitesCode)
         EXPECT_EQ(e.number(), 3000);
         EXPECT_TRUE(e.description().startsWith("Reserved error (1); no such function")) << e.description().toStdString();
     }
+}
+
+}  // namespace
+
+namespace {
+
+using namespace storagetest;
+
+// Runs in a child process as a user without the right to read the file.
+TEST(StorageDenied, DISABLED_OpensAFileItMayNotRead)
+{
+    const QString file = qEnvironmentVariable("HB_DENIED_FILE");
+    if (file.isEmpty())
+        GTEST_SKIP();
+    try {
+        Database::open(file);
+        FAIL() << "opened";
+    } catch (const DbError& e) {
+        EXPECT_EQ(e.number(), 3051);
+        EXPECT_EQ(e.description(), QString("The database engine cannot open the file '%1'.  It is already opened "
+                                           "exclusively by another user, or you need permission to view its data.")
+                                       .arg(file));
+    }
+}
+
+TEST_F(StorageTest, AFileWithoutReadPermissionIs3051)
+{
+    const QString setpriv = QStandardPaths::findExecutable("setpriv");
+    if (setpriv.isEmpty() || ::geteuid() != 0)
+        GTEST_SKIP() << "needs setpriv and root to run a child as another user";
+    db.close();
+    QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther
+                                          | QFile::ExeOther);
+    QFile::setPermissions(path("test.db"), QFile::ReadOwner | QFile::WriteOwner);
+    QProcess child;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert("HB_DENIED_FILE", path("test.db"));
+    env.insert("XDG_RUNTIME_DIR", "/tmp");
+    child.setProcessEnvironment(env);
+    child.setProcessChannelMode(QProcess::MergedChannels);
+    child.start(setpriv, {"--reuid=65534", "--regid=65534", "--clear-groups", QCoreApplication::applicationFilePath(),
+                          "--gtest_filter=StorageDenied.DISABLED_OpensAFileItMayNotRead", "--gtest_also_run_disabled_tests"});
+    ASSERT_TRUE(child.waitForFinished(60000));
+    const QString output = QString::fromLocal8Bit(child.readAll());
+    EXPECT_EQ(child.exitCode(), 0) << output.toStdString();
+    EXPECT_TRUE(output.contains("[  PASSED  ] 1 test")) << output.toStdString();
 }
 
 }  // namespace

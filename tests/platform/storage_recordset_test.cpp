@@ -39,9 +39,8 @@ TEST_F(StorageRecordset, WalksRowsInQueryOrder)
     EXPECT_EQ(names, QStringList({"Carlsen", "Berg", "Anders"}));
 }
 
-// A plain ORDER BY is sorted on the held rows; an ORDER BY with an
-// expression is left to SQLite. Both must give one order.
-TEST_F(StorageRecordset, HeldRowsSortAsSqliteSorts)
+// A plain ORDER BY and one on expressions in the same collation give one order.
+TEST_F(StorageRecordset, PlainAndExpressionOrdersAgree)
 {
     const QStringList cities = {"oslo", "Oslo", "", "Ålesund", "bergen", "ÅLESUND", "Zürich", "zurich", "10", "9"};
     for (int i = 0; i < cities.size(); ++i)
@@ -303,17 +302,60 @@ TEST_F(StorageRecordset, MovedRecordsetTakesOverAndTheSourceIsClosed)
 
 }  // namespace
 
-TEST_F(StorageRecordset, WordsOfSqlInsideTextLiteralsLeaveASelectWritable)
+namespace {
+
+using namespace storagetest;
+using StorageKeywords = StorageTest;
+
+// Words of SQL inside the quoted names do not make a recordset on them read-only.
+TEST_F(StorageKeywords, ListingsNamedWithSqlWordsCanBeEdited)
 {
-    for (const char* name : {"Union Station", "Except Ltd", "Group Having Inc", "O''Brien \"Intersect\""}) {
-        SCOPED_TRACE(name);
-        Recordset rs = db.openRecordset(QStringLiteral("select * from roof where roofname = '%1'").arg(name));
-        rs.addNew();
-        rs.setValue("RoofNumber", 90);
-        rs.update();
-        EXPECT_EQ(db.openRecordset("select * from roof where roofnumber = 90").recordCount(), 1);
-        db.execute("delete from roof where roofnumber = 90");
+    const QStringList names{"Except Ltd", "Union Station", "Group Having Inc", "Intersect Partners",
+                            "Join Us, Limited", "Select From Where", "Order By Design", "O'Brien (Distinct)",
+                            "The \"Window\" Shop", "Values; Insert Co"};
+    for (int i = 0; i < names.size(); ++i)
+        addRoof(i + 1, names[i], "Old Town");
+    for (const QString& name : names) {
+        const QString where = " where RoofName = '" + QString(name).replace("'", "''") + "'";
+        for (const QString& sql : {"select * from Roof" + where, "SELECT RoofName, City FROM [Roof]" + where,
+                                   "select r.* from Roof r" + where + " order by SortName desc",
+                                   "select * from Roof" + where + " and City <> 'union' order by RoofName, City;"}) {
+            Recordset rs = db.openRecordset(sql);
+            ASSERT_FALSE(rs.eof()) << sql.toStdString();
+            EXPECT_EQ(rs.value("RoofName").toString(), name);
+            rs.edit();
+            rs.setValue("City", "New Town");
+            EXPECT_NO_THROW(rs.update()) << sql.toStdString();
+            db.execute("update Roof set City = 'Old Town'");
+        }
     }
-    Recordset grouped = db.openRecordset("select * from roof where roofname = 'a' union select * from roof");
-    EXPECT_EQ(errorOf([&] { grouped.addNew(); }), 3027);
 }
+
+TEST_F(StorageKeywords, GroupingAndSecondTablesStayReadOnly)
+{
+    addRoof(1, "Except Ltd");
+    addPerson(1, 1, "Ann");
+    for (const char* sql : {"select * from Roof union select * from Roof",
+                            "select RoofType from Roof group by RoofType having count(*) > 0",
+                            "select Roof.* from Roof join Person on Person.RoofNumber = Roof.RoofNumber",
+                            "select Roof.* from Roof, Person where Person.RoofNumber = Roof.RoofNumber",
+                            "select distinct RoofName from Roof where RoofName = 'Except Ltd'",
+                            "select RoofName || ' Group' as Name from Roof where RoofName = 'Except Ltd'"}) {
+        Recordset rs = db.openRecordset(sql);
+        ASSERT_FALSE(rs.eof()) << sql;
+        EXPECT_EQ(errorOf([&] { rs.edit(); }), 3027) << sql;
+    }
+}
+
+TEST_F(StorageKeywords, OrderWordsInsideQuotesDoNotOrderTheRows)
+{
+    addRoof(1, "b order by x");
+    addRoof(2, "a");
+    addRoof(3, "c");
+    EXPECT_EQ(column("select RoofName from Roof where RoofName <> 'order by RoofName' order by RoofName desc"),
+              QStringList({"c", "b order by x", "a"}));
+    EXPECT_EQ(column("select RoofName from Roof where RoofName <> 'x order by' order by RoofNumber"),
+              QStringList({"b order by x", "a", "c"}));
+}
+
+}  // namespace
