@@ -39,7 +39,6 @@ signals:
     void doubleClick();
 
 private:
-    void onCurrentChanged(const QModelIndex& current);
     void onSelectionChanged();
 
     ListBoxModel* model_;
