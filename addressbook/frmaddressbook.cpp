@@ -2,6 +2,7 @@
 
 #include "addressbook/agetext.h"
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/helpers.h"
 #include "core/misc.h"
 #include "core/routes.h"
@@ -37,17 +38,17 @@ FrmAddressBook::FrmAddressBook() : Form(staticFormName(), true)
 
 void FrmAddressBook::connectHandlers()
 {
-    connect(cmbShowTypes, &QComboBox::currentIndexChanged, this, [this] { cmbShowTypes_Click(); });
-    connect(lstAddressBook, &ui::ListBox::click, this, [this] { lstAddressBook_Click(); });
-    connect(lstPersons, &ui::ListBox::click, this, [this] { lstPersons_Click(); });
-    connect(cmdAutoDial, &QPushButton::clicked, this, [this] { cmdAutoDial_Click(); });
-    connect(cmdIndAutoDial, &QPushButton::clicked, this, [this] { cmdIndAutoDial_Click(); });
+    connectHandler(cmbShowTypes, &QComboBox::currentIndexChanged, this, [this] { cmbShowTypes_Click(); });
+    connectHandler(lstAddressBook, &ui::ListBox::click, this, [this] { lstAddressBook_Click(); });
+    connectHandler(lstPersons, &ui::ListBox::click, this, [this] { lstPersons_Click(); });
+    connectHandler(cmdAutoDial, &QPushButton::clicked, this, [this] { cmdAutoDial_Click(); });
+    connectHandler(cmdIndAutoDial, &QPushButton::clicked, this, [this] { cmdIndAutoDial_Click(); });
     connectEditing();
     lstAddressBook->installEventFilter(this);
     // Alt+B anywhere in the window shows the debug window.
     auto* debugKey = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_B), this);
     debugKey->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(debugKey, &QShortcut::activated, this, [] { showDebugWindow(); });
+    connectHandler(debugKey, &QShortcut::activated, this, [] { showDebugWindow(); });
 }
 
 void FrmAddressBook::formLoad()
@@ -184,7 +185,7 @@ void FrmAddressBook::DisplayRoof()
     lblDFax->setText(DoubleAmpersand(field(RoofRS, "Fax")));
     lblDNameEmail->setText(DoubleAmpersand(field(RoofRS, "Email")));
     const QVariant anniversary = RoofRS.value(QStringLiteral("Anniversary"));
-    lblDAnniversary->setText(anniversary.typeId() == QMetaType::QDateTime ? dates::shortDate(anniversary.toDateTime())
+    lblDAnniversary->setText(anniversary.typeId() == QMetaType::QDateTime ? dates::shortDate(anniversary.toDateTime().date())
                                                                           : QString());
     txtNotes->setPlainText(field(RoofRS, "Notes"));
     RoofRS.close();

@@ -2,11 +2,13 @@
 
 #include "addressbook/windowkeys.h"
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/misc.h"
 #include "core/routes.h"
 #include "core/session.h"
 #include "core/setup.h"
 #include "platform/ui/listbox.h"
+#include "platform/ui/onelinebox.h"
 #include "platform/ui/twips.h"
 #include "platform/ui/windowservice.h"
 
@@ -53,6 +55,7 @@ void FrmNameYourOwn::buildControls()
     place(lstRoofTypes, 180, 300, 2970, 2640);
     // Reaching the box by Tab selects its whole text: Qt's line edit does that by itself.
     txtRoofType = new QLineEdit(Frame1);
+    ui::keepOneLine(txtRoofType);
     txtRoofType->setObjectName(QStringLiteral("txtRoofType"));
     txtRoofType->setMaxLength(40);
     place(txtRoofType, 180, 3060, 2970, 315);
@@ -69,13 +72,13 @@ void FrmNameYourOwn::buildControls()
 
 void FrmNameYourOwn::connectHandlers()
 {
-    connect(cmdAdd, &QPushButton::clicked, this, &FrmNameYourOwn::cmdAdd_Click);
-    connect(cmdChange, &QPushButton::clicked, this, &FrmNameYourOwn::cmdChange_Click);
-    connect(cmdDelete, &QPushButton::clicked, this, &FrmNameYourOwn::cmdDelete_Click);
-    connect(cmdOK, &QPushButton::clicked, this, &FrmNameYourOwn::cmdOK_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &FrmNameYourOwn::cmdCancel_Click);
-    connect(cmdClose, &QPushButton::clicked, this, &FrmNameYourOwn::cmdClose_Click);
-    connect(lstRoofTypes, &ui::ListBox::doubleClick, this, &FrmNameYourOwn::cmdChange_Click);
+    connectHandler(cmdAdd, &QPushButton::clicked, this, &FrmNameYourOwn::cmdAdd_Click);
+    connectHandler(cmdChange, &QPushButton::clicked, this, &FrmNameYourOwn::cmdChange_Click);
+    connectHandler(cmdDelete, &QPushButton::clicked, this, &FrmNameYourOwn::cmdDelete_Click);
+    connectHandler(cmdOK, &QPushButton::clicked, this, &FrmNameYourOwn::cmdOK_Click);
+    connectHandler(cmdCancel, &QPushButton::clicked, this, &FrmNameYourOwn::cmdCancel_Click);
+    connectHandler(cmdClose, &QPushButton::clicked, this, &FrmNameYourOwn::cmdClose_Click);
+    connectHandler(lstRoofTypes, &ui::ListBox::doubleClick, this, &FrmNameYourOwn::cmdChange_Click);
 }
 
 // Every type but "No Type Assigned", which has no row. A new type is numbered one above the highest here.

@@ -1,6 +1,7 @@
 #include "reports/frmselectprinter.h"
 
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/session.h"
 #include "platform/ui/twips.h"
 #include "reports/listingreports.h"
@@ -37,8 +38,8 @@ FrmSelectPrinter::FrmSelectPrinter() : Form(staticFormName(), false)
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Select Printer"));
     buildControls();
-    connect(cmdOK, &QPushButton::clicked, this, &FrmSelectPrinter::cmdOK_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &FrmSelectPrinter::cmdCancel_Click);
+    connectHandler(cmdOK, &QPushButton::clicked, this, &FrmSelectPrinter::cmdOK_Click);
+    connectHandler(cmdCancel, &QPushButton::clicked, this, &FrmSelectPrinter::cmdCancel_Click);
 }
 
 void FrmSelectPrinter::buildControls()

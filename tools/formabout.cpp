@@ -1,6 +1,7 @@
 #include "tools/formabout.h"
 
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/helpers.h"
 #include "core/options.h"
 #include "core/routes.h"
@@ -32,7 +33,7 @@ QLabel* makeLink(QWidget* parent, const char* name, const QString& text, const Q
     QLabel* label = makeLabel(parent, name, QStringLiteral("<a href=\"%1\">%2</a>").arg(url, text.toHtmlEscaped()));
     label->setCursor(Qt::PointingHandCursor);
     label->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
-    QObject::connect(label, &QLabel::linkActivated, label, [](const QString& link) { WebPage(link); });
+    connectHandler(label, &QLabel::linkActivated, label, [](const QString& link) { WebPage(link); });
     return label;
 }
 
@@ -81,8 +82,8 @@ void FormAbout::buildControls()
     grid->addWidget(cmdOK, 8, 1, Qt::AlignRight);
     grid->setHorizontalSpacing(16);
 
-    connect(cmdOK, &QPushButton::clicked, this, &FormAbout::cmdOK_Click);
-    connect(CheckDisplayAbout, &QCheckBox::clicked, this, &FormAbout::CheckDisplayAbout_Click);
+    connectHandler(cmdOK, &QPushButton::clicked, this, &FormAbout::cmdOK_Click);
+    connectHandler(CheckDisplayAbout, &QCheckBox::clicked, this, &FormAbout::CheckDisplayAbout_Click);
 }
 
 void FormAbout::formLoad()

@@ -14,7 +14,7 @@
 inline void copyHelpInto(const QString& programDir)
 {
     const QString source =
-        QString::fromStdString((std::filesystem::path(__FILE__).parent_path() / "../../help").lexically_normal().string());
+        QString::fromStdString((std::filesystem::path(HB_SOURCE_DIR) / "help").lexically_normal().string());
     QDir().mkpath(programDir + QStringLiteral("help"));
     QDirIterator files(source, QDir::Files);
     while (files.hasNext()) {
