@@ -275,5 +275,6 @@ TEST_F(FindTest, InTheFrameAHitHiddenByTheFilterKeepsTheListingsWindowWhole)
     }));
     EXPECT_EQ(text(w, "lblDFirstName"), QStringLiteral("Pat"));
     EXPECT_EQ(w.outerWindow()->size(), whole) << "the window neither shrinks nor grows";
+    keepPicture(frameWindow(), QStringLiteral("listings-after-hidden-find-hit"));
     EXPECT_TRUE(w.isFormVisible());
 }

@@ -1,5 +1,8 @@
 #include "editingfixture.h"
 
+#include "core/frame.h"
+#include "tools/formabout.h"
+
 #include <QTest>
 
 using namespace hb;
@@ -82,4 +85,16 @@ TEST_F(ListClicksTest, ArrowKeysMoveToTheNextListingAndShowIt)
     ASSERT_TRUE(guarded([&] { QTest::keyClick(listings, Qt::Key_End); }));
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Name 4"));
     EXPECT_EQ(listings->listIndex(), 3);
+}
+
+TEST_F(ListClicksTest, InTheFrameAClickOnTheThirdListingShowsIt)
+{
+    addPerson(3, 4, QStringLiteral("Dot"), QStringLiteral("Three"), QDate(1961, 3, 5));
+    ASSERT_TRUE(startProgram());
+    click(*forms::find(QStringLiteral("FormAbout")), QStringLiteral("cmdOK"));
+    auto& w = *qobject_cast<FrmAddressBook*>(forms::find(QStringLiteral("frmAddressBook")));
+    ASSERT_TRUE(guarded([&] { clickRow(list(w, "lstAddressBook"), 2); }));
+    EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Name 3"));
+    EXPECT_EQ(items(list(w, "lstPersons")), (QStringList{"Bea Three", "Cy Three", "Dot Three"}));
+    keepPicture(frameWindow(), QStringLiteral("listings-after-click-on-third"));
 }

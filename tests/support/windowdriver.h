@@ -11,6 +11,14 @@
 // Failures print texts as texts.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
 
+// Saves a picture of a window when HB_SCREENSHOT_DIR names a folder, to be looked at.
+inline void keepPicture(QWidget* window, const QString& name)
+{
+    const QString folder = qEnvironmentVariable("HB_SCREENSHOT_DIR");
+    if (!folder.isEmpty() && window)
+        window->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+}
+
 // Finds a control of a window by its name; a missing control fails the test at once.
 template <class T>
 T* control(QWidget& window, const QString& name)
