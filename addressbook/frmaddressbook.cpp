@@ -20,6 +20,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <algorithm>
 
 namespace hb {
 
@@ -145,23 +146,12 @@ void FrmAddressBook::refillListings()
 
 void FrmAddressBook::selectCurrentRoof()
 {
-    bool found = false;
-    if (CurrentRoof != 0) {
-        for (int i = 0; i < lstAddressBook->listCount() && !found; ++i) {
-            if (lstAddressBook->itemData(i) == CurrentRoof) {
-                SelectingByCode = true;
-                lstAddressBook->setSelected(i, true);
-                SelectingByCode = false;
-                found = true;
-            }
-        }
-    }
-    if (!found) {
-        SelectingByCode = true;
-        lstAddressBook->setSelected(0, true);
-        SelectingByCode = false;
+    const int at = CurrentRoof != 0 ? lstAddressBook->indexOfData(CurrentRoof) : -1;
+    SelectingByCode = true;
+    lstAddressBook->setSelected(std::max(at, 0), true);
+    SelectingByCode = false;
+    if (at < 0)
         CurrentRoof = static_cast<qint16>(lstAddressBook->itemData(0));
-    }
 }
 
 void FrmAddressBook::DisplayRoof()
@@ -205,22 +195,13 @@ void FrmAddressBook::DisplayPerson()
         lstPersons->addItem(name.trimmed(), PersonRS.value(QStringLiteral("PersonNumber")).toInt());
     }
     PersonRS.close();
-    bool found = false;
     if (CurrentPerson != 0) {
-        for (int i = 0; i < lstPersons->listCount() && !found; ++i) {
-            if (lstPersons->itemData(i) == CurrentPerson) {
-                SelectingByCode = true;
-                lstPersons->setSelected(i, true);
-                SelectingByCode = false;
-                found = true;
-            }
-        }
-        if (!found) {
-            SelectingByCode = true;
-            lstPersons->setSelected(0, true);
-            SelectingByCode = false;
+        const int at = lstPersons->indexOfData(CurrentPerson);
+        SelectingByCode = true;
+        lstPersons->setSelected(std::max(at, 0), true);
+        SelectingByCode = false;
+        if (at < 0)
             CurrentPerson = static_cast<qint16>(lstPersons->itemData(0));
-        }
     } else {
         SelectingByCode = true;
         lstPersons->setSelected(0, true);
@@ -302,13 +283,7 @@ void FrmAddressBook::SearchFound()
 {
     if (FoundRoofNumber < 1)
         return;
-    auto findListing = [this] {
-        for (int i = 0; i < lstAddressBook->listCount(); ++i) {
-            if (lstAddressBook->itemData(i) == FoundRoofNumber)
-                return i;
-        }
-        return -1;
-    };
+    auto findListing = [this] { return lstAddressBook->indexOfData(FoundRoofNumber); };
     int at = findListing();
     if (at < 0) {
         // The filter hides the hit: loading again puts the filter on "Entire Database".

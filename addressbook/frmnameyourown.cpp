@@ -182,12 +182,9 @@ void FrmNameYourOwn::addType(const QString& name)
 // The renamed type takes its sorted place and stays selected; its number does not change.
 void FrmNameYourOwn::renameType(const QString& name)
 {
-    for (int i = 0; i < lstRoofTypes->listCount(); ++i) {
-        if (lstRoofTypes->itemData(i) == CurrentType) {
-            lstRoofTypes->removeItem(i);
-            lstRoofTypes->setListIndex(lstRoofTypes->addItem(name, CurrentType));
-            break;
-        }
+    if (const int at = lstRoofTypes->indexOfData(CurrentType); at >= 0) {
+        lstRoofTypes->removeItem(at);
+        lstRoofTypes->setListIndex(lstRoofTypes->addItem(name, CurrentType));
     }
     SQL = QStringLiteral("Select * from RoofType where RoofTypeNumber =") + NumText(CurrentType);
     RoofTypeRS = DB.openRecordset(SQL);
@@ -238,14 +235,12 @@ qint16 FrmNameYourOwn::listingsOfType(qint16 type)
 // The item at the removed one's place is selected next, or the one above when the last went.
 void FrmNameYourOwn::removeFromList(qint16 type)
 {
-    for (int i = 0; i < lstRoofTypes->listCount(); ++i) {
-        if (lstRoofTypes->itemData(i) == type) {
-            lstRoofTypes->removeItem(i);
-            if (lstRoofTypes->listCount() > 0)
-                lstRoofTypes->setListIndex(i < lstRoofTypes->listCount() ? i : i - 1);
-            return;
-        }
-    }
+    const int i = lstRoofTypes->indexOfData(type);
+    if (i < 0)
+        return;
+    lstRoofTypes->removeItem(i);
+    if (lstRoofTypes->listCount() > 0)
+        lstRoofTypes->setListIndex(i < lstRoofTypes->listCount() ? i : i - 1);
 }
 
 void FrmNameYourOwn::moveListingsToNoType(qint16 type)

@@ -15,18 +15,12 @@
 
 namespace hb {
 
+using ui::placed;
+
 namespace {
 
 constexpr int First = 12;
 constexpr int Last = 26;
-
-template <class W>
-W* placed(W* w, const QString& name, int left, int top, int width, int height)
-{
-    w->setObjectName(name);
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
 
 } // namespace
 

@@ -12,18 +12,12 @@
 
 namespace hb {
 
+using ui::placed;
+
 namespace {
 
 // The strip of the window's own controls above the viewer.
 constexpr int ControlStrip = 600;
-
-template <class W>
-W* placed(W* w, const QString& name, int left, int top, int width, int height)
-{
-    w->setObjectName(name);
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
 
 } // namespace
 

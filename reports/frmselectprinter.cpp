@@ -17,15 +17,9 @@
 
 namespace hb {
 
-namespace {
+using ui::placed;
 
-template <class W>
-W* placed(W* w, const QString& name, int left, int top, int width, int height)
-{
-    w->setObjectName(name);
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
+namespace {
 
 QStringList systemPrinters() { return QPrinterInfo::availablePrinterNames(); }
 

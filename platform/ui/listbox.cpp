@@ -100,6 +100,13 @@ void ListBox::setItemData(int index, int value)
         model_->items[index].data = value;
 }
 
+int ListBox::indexOfData(int itemData) const
+{
+    const auto& items = model_->items;
+    const auto at = std::find_if(items.cbegin(), items.cend(), [itemData](const auto& item) { return item.data == itemData; });
+    return at == items.cend() ? -1 : int(at - items.cbegin());
+}
+
 int ListBox::listIndex() const
 {
     const QModelIndex current = currentIndex();

@@ -25,6 +25,8 @@ public:
     int itemData(int index) const;
     void setItemData(int index, int value);
     int newIndex() const { return newIndex_; }
+    // The first item that keeps the number, or -1.
+    int indexOfData(int itemData) const;
 
     int listIndex() const;                 // -1 when none
     void setListIndex(int index);
