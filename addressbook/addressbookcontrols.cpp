@@ -4,6 +4,7 @@
 
 #include "platform/ui/captionlabel.h"
 #include "platform/ui/listbox.h"
+#include "platform/ui/onelinebox.h"
 #include "platform/ui/twips.h"
 
 #include <QComboBox>
@@ -79,6 +80,7 @@ QLineEdit* input(QWidget* parent, const char* name, int maxLength, int left, int
     auto* e = new QLineEdit(parent);
     e->setObjectName(QString::fromLatin1(name));
     e->setMaxLength(maxLength);
+    ui::keepOneLine(e);
     // Black on white, whatever the grey of the panel underneath.
     colour(e, Qt::black, Qt::white);
     e->setAutoFillBackground(false);
@@ -104,6 +106,7 @@ QPlainTextEdit* notes(QWidget* parent, const char* name, int maxLength, int left
     box->setProperty("maxLength", maxLength);
     // Tab leaves the box as it leaves any other, instead of typing a tab into the notes.
     box->setTabChangesFocus(true);
+    ui::selectOnTab(box);
     // A plain text box has no length limit of its own; what goes beyond the field's length is not taken.
     QObject::connect(box, &QPlainTextEdit::textChanged, box, [box, maxLength] {
         const QString text = box->toPlainText();

@@ -19,7 +19,7 @@ qint16 AgeNow(const QDateTime& birthDate, const QDateTime& now)
 
 QString BirthDateText(const QDateTime& birthDate, const QDateTime& now)
 {
-    return dates::shortDate(birthDate) + QStringLiteral("  Age ") + QString::number(AgeNow(birthDate, now));
+    return dates::shortDate(birthDate.date()) + QStringLiteral("  Age ") + QString::number(AgeNow(birthDate, now));
 }
 
 } // namespace hb

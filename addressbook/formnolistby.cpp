@@ -1,5 +1,6 @@
 #include "addressbook/formnolistby.h"
 
+#include "core/handlers.h"
 #include "core/options.h"
 #include "platform/ui/twips.h"
 
@@ -22,8 +23,8 @@ FormNoListby::FormNoListby() : Form(staticFormName(), false)
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     setWindowTitle(QStringLiteral("List By Warning"));
     buildControls();
-    connect(CommandYes, &QPushButton::clicked, this, &FormNoListby::CommandYes_Click);
-    connect(CommandNo, &QPushButton::clicked, this, &FormNoListby::CommandNo_Click);
+    connectHandler(CommandYes, &QPushButton::clicked, this, &FormNoListby::CommandYes_Click);
+    connectHandler(CommandNo, &QPushButton::clicked, this, &FormNoListby::CommandNo_Click);
 }
 
 void FormNoListby::buildControls()

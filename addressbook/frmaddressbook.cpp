@@ -2,6 +2,7 @@
 
 #include "addressbook/agetext.h"
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/helpers.h"
 #include "core/misc.h"
 #include "core/routes.h"
@@ -19,6 +20,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <algorithm>
 
 namespace hb {
 
@@ -37,17 +39,17 @@ FrmAddressBook::FrmAddressBook() : Form(staticFormName(), true)
 
 void FrmAddressBook::connectHandlers()
 {
-    connect(cmbShowTypes, &QComboBox::currentIndexChanged, this, [this] { cmbShowTypes_Click(); });
-    connect(lstAddressBook, &ui::ListBox::click, this, [this] { lstAddressBook_Click(); });
-    connect(lstPersons, &ui::ListBox::click, this, [this] { lstPersons_Click(); });
-    connect(cmdAutoDial, &QPushButton::clicked, this, [this] { cmdAutoDial_Click(); });
-    connect(cmdIndAutoDial, &QPushButton::clicked, this, [this] { cmdIndAutoDial_Click(); });
+    connectHandler(cmbShowTypes, &QComboBox::currentIndexChanged, this, [this] { cmbShowTypes_Click(); });
+    connectHandler(lstAddressBook, &ui::ListBox::click, this, [this] { lstAddressBook_Click(); });
+    connectHandler(lstPersons, &ui::ListBox::click, this, [this] { lstPersons_Click(); });
+    connectHandler(cmdAutoDial, &QPushButton::clicked, this, [this] { cmdAutoDial_Click(); });
+    connectHandler(cmdIndAutoDial, &QPushButton::clicked, this, [this] { cmdIndAutoDial_Click(); });
     connectEditing();
     lstAddressBook->installEventFilter(this);
     // Alt+B anywhere in the window shows the debug window.
     auto* debugKey = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_B), this);
     debugKey->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(debugKey, &QShortcut::activated, this, [] { showDebugWindow(); });
+    connectHandler(debugKey, &QShortcut::activated, this, [] { showDebugWindow(); });
 }
 
 void FrmAddressBook::formLoad()
@@ -144,23 +146,12 @@ void FrmAddressBook::refillListings()
 
 void FrmAddressBook::selectCurrentRoof()
 {
-    bool found = false;
-    if (CurrentRoof != 0) {
-        for (int i = 0; i < lstAddressBook->listCount() && !found; ++i) {
-            if (lstAddressBook->itemData(i) == CurrentRoof) {
-                SelectingByCode = true;
-                lstAddressBook->setSelected(i, true);
-                SelectingByCode = false;
-                found = true;
-            }
-        }
-    }
-    if (!found) {
-        SelectingByCode = true;
-        lstAddressBook->setSelected(0, true);
-        SelectingByCode = false;
+    const int at = CurrentRoof != 0 ? lstAddressBook->indexOfData(CurrentRoof) : -1;
+    SelectingByCode = true;
+    lstAddressBook->setSelected(std::max(at, 0), true);
+    SelectingByCode = false;
+    if (at < 0)
         CurrentRoof = static_cast<qint16>(lstAddressBook->itemData(0));
-    }
 }
 
 void FrmAddressBook::DisplayRoof()
@@ -184,7 +175,7 @@ void FrmAddressBook::DisplayRoof()
     lblDFax->setText(DoubleAmpersand(field(RoofRS, "Fax")));
     lblDNameEmail->setText(DoubleAmpersand(field(RoofRS, "Email")));
     const QVariant anniversary = RoofRS.value(QStringLiteral("Anniversary"));
-    lblDAnniversary->setText(anniversary.typeId() == QMetaType::QDateTime ? dates::shortDate(anniversary.toDateTime())
+    lblDAnniversary->setText(anniversary.typeId() == QMetaType::QDateTime ? dates::shortDate(anniversary.toDateTime().date())
                                                                           : QString());
     txtNotes->setPlainText(field(RoofRS, "Notes"));
     RoofRS.close();
@@ -204,22 +195,13 @@ void FrmAddressBook::DisplayPerson()
         lstPersons->addItem(name.trimmed(), PersonRS.value(QStringLiteral("PersonNumber")).toInt());
     }
     PersonRS.close();
-    bool found = false;
     if (CurrentPerson != 0) {
-        for (int i = 0; i < lstPersons->listCount() && !found; ++i) {
-            if (lstPersons->itemData(i) == CurrentPerson) {
-                SelectingByCode = true;
-                lstPersons->setSelected(i, true);
-                SelectingByCode = false;
-                found = true;
-            }
-        }
-        if (!found) {
-            SelectingByCode = true;
-            lstPersons->setSelected(0, true);
-            SelectingByCode = false;
+        const int at = lstPersons->indexOfData(CurrentPerson);
+        SelectingByCode = true;
+        lstPersons->setSelected(std::max(at, 0), true);
+        SelectingByCode = false;
+        if (at < 0)
             CurrentPerson = static_cast<qint16>(lstPersons->itemData(0));
-        }
     } else {
         SelectingByCode = true;
         lstPersons->setSelected(0, true);
@@ -301,13 +283,7 @@ void FrmAddressBook::SearchFound()
 {
     if (FoundRoofNumber < 1)
         return;
-    auto findListing = [this] {
-        for (int i = 0; i < lstAddressBook->listCount(); ++i) {
-            if (lstAddressBook->itemData(i) == FoundRoofNumber)
-                return i;
-        }
-        return -1;
-    };
+    auto findListing = [this] { return lstAddressBook->indexOfData(FoundRoofNumber); };
     int at = findListing();
     if (at < 0) {
         // The filter hides the hit: loading again puts the filter on "Entire Database".

@@ -2,11 +2,13 @@
 
 #include "addressbook/windowkeys.h"
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/misc.h"
 #include "core/routes.h"
 #include "core/session.h"
 #include "core/setup.h"
 #include "platform/ui/listbox.h"
+#include "platform/ui/onelinebox.h"
 #include "platform/ui/twips.h"
 #include "platform/ui/windowservice.h"
 
@@ -53,6 +55,7 @@ void FrmNameYourOwn::buildControls()
     place(lstRoofTypes, 180, 300, 2970, 2640);
     // Reaching the box by Tab selects its whole text: Qt's line edit does that by itself.
     txtRoofType = new QLineEdit(Frame1);
+    ui::keepOneLine(txtRoofType);
     txtRoofType->setObjectName(QStringLiteral("txtRoofType"));
     txtRoofType->setMaxLength(40);
     place(txtRoofType, 180, 3060, 2970, 315);
@@ -69,13 +72,13 @@ void FrmNameYourOwn::buildControls()
 
 void FrmNameYourOwn::connectHandlers()
 {
-    connect(cmdAdd, &QPushButton::clicked, this, &FrmNameYourOwn::cmdAdd_Click);
-    connect(cmdChange, &QPushButton::clicked, this, &FrmNameYourOwn::cmdChange_Click);
-    connect(cmdDelete, &QPushButton::clicked, this, &FrmNameYourOwn::cmdDelete_Click);
-    connect(cmdOK, &QPushButton::clicked, this, &FrmNameYourOwn::cmdOK_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &FrmNameYourOwn::cmdCancel_Click);
-    connect(cmdClose, &QPushButton::clicked, this, &FrmNameYourOwn::cmdClose_Click);
-    connect(lstRoofTypes, &ui::ListBox::doubleClick, this, &FrmNameYourOwn::cmdChange_Click);
+    connectHandler(cmdAdd, &QPushButton::clicked, this, &FrmNameYourOwn::cmdAdd_Click);
+    connectHandler(cmdChange, &QPushButton::clicked, this, &FrmNameYourOwn::cmdChange_Click);
+    connectHandler(cmdDelete, &QPushButton::clicked, this, &FrmNameYourOwn::cmdDelete_Click);
+    connectHandler(cmdOK, &QPushButton::clicked, this, &FrmNameYourOwn::cmdOK_Click);
+    connectHandler(cmdCancel, &QPushButton::clicked, this, &FrmNameYourOwn::cmdCancel_Click);
+    connectHandler(cmdClose, &QPushButton::clicked, this, &FrmNameYourOwn::cmdClose_Click);
+    connectHandler(lstRoofTypes, &ui::ListBox::doubleClick, this, &FrmNameYourOwn::cmdChange_Click);
 }
 
 // Every type but "No Type Assigned", which has no row. A new type is numbered one above the highest here.
@@ -179,12 +182,9 @@ void FrmNameYourOwn::addType(const QString& name)
 // The renamed type takes its sorted place and stays selected; its number does not change.
 void FrmNameYourOwn::renameType(const QString& name)
 {
-    for (int i = 0; i < lstRoofTypes->listCount(); ++i) {
-        if (lstRoofTypes->itemData(i) == CurrentType) {
-            lstRoofTypes->removeItem(i);
-            lstRoofTypes->setListIndex(lstRoofTypes->addItem(name, CurrentType));
-            break;
-        }
+    if (const int at = lstRoofTypes->indexOfData(CurrentType); at >= 0) {
+        lstRoofTypes->removeItem(at);
+        lstRoofTypes->setListIndex(lstRoofTypes->addItem(name, CurrentType));
     }
     SQL = QStringLiteral("Select * from RoofType where RoofTypeNumber =") + NumText(CurrentType);
     RoofTypeRS = DB.openRecordset(SQL);
@@ -235,14 +235,12 @@ qint16 FrmNameYourOwn::listingsOfType(qint16 type)
 // The item at the removed one's place is selected next, or the one above when the last went.
 void FrmNameYourOwn::removeFromList(qint16 type)
 {
-    for (int i = 0; i < lstRoofTypes->listCount(); ++i) {
-        if (lstRoofTypes->itemData(i) == type) {
-            lstRoofTypes->removeItem(i);
-            if (lstRoofTypes->listCount() > 0)
-                lstRoofTypes->setListIndex(i < lstRoofTypes->listCount() ? i : i - 1);
-            return;
-        }
-    }
+    const int i = lstRoofTypes->indexOfData(type);
+    if (i < 0)
+        return;
+    lstRoofTypes->removeItem(i);
+    if (lstRoofTypes->listCount() > 0)
+        lstRoofTypes->setListIndex(i < lstRoofTypes->listCount() ? i : i - 1);
 }
 
 void FrmNameYourOwn::moveListingsToNoType(qint16 type)

@@ -3,6 +3,7 @@
 #include "addressbook/frmaddressbook.h"
 #include "addressbook/windowkeys.h"
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/misc.h"
 #include "core/session.h"
 #include "platform/ui/listbox.h"
@@ -33,12 +34,12 @@ FrmSearch::FrmSearch() : Form(staticFormName(), false)
 
 void FrmSearch::connectHandlers()
 {
-    connect(cmdSearch, &QPushButton::clicked, this, &FrmSearch::cmdSearch_Click);
-    connect(cmdAll, &QPushButton::clicked, this, &FrmSearch::cmdAll_Click);
-    connect(cmdClear, &QPushButton::clicked, this, &FrmSearch::cmdClear_Click);
-    connect(cmdSelect, &QPushButton::clicked, this, &FrmSearch::cmdSelect_Click);
-    connect(cmdClose, &QPushButton::clicked, this, &FrmSearch::cmdClose_Click);
-    connect(lstFind, &ui::ListBox::doubleClick, this, &FrmSearch::cmdSelect_Click);
+    connectHandler(cmdSearch, &QPushButton::clicked, this, &FrmSearch::cmdSearch_Click);
+    connectHandler(cmdAll, &QPushButton::clicked, this, &FrmSearch::cmdAll_Click);
+    connectHandler(cmdClear, &QPushButton::clicked, this, &FrmSearch::cmdClear_Click);
+    connectHandler(cmdSelect, &QPushButton::clicked, this, &FrmSearch::cmdSelect_Click);
+    connectHandler(cmdClose, &QPushButton::clicked, this, &FrmSearch::cmdClose_Click);
+    connectHandler(lstFind, &ui::ListBox::doubleClick, this, &FrmSearch::cmdSelect_Click);
 }
 
 // Centred on the frame, without the allowance for menu and toolbar that the frame's children get.

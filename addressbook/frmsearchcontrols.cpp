@@ -3,6 +3,7 @@
 #include "addressbook/frmsearch.h"
 
 #include "platform/ui/listbox.h"
+#include "platform/ui/onelinebox.h"
 #include "platform/ui/twips.h"
 
 #include <QCheckBox>
@@ -53,6 +54,7 @@ void FrmSearch::buildControls()
     place(lblShowTypes, 3480, 150, 3840, 255);
     // Reaching the box by Tab selects its whole text: Qt's line edit does that by itself.
     txtSearchText = named(new QLineEdit(this), "txtSearchText");
+    ui::keepOneLine(txtSearchText);
     txtSearchText->setMaxLength(20);
     place(txtSearchText, 3480, 420, 3840, 315);
     Label1 = named(new QLabel(QStringLiteral("Search Results:"), this), "Label1");

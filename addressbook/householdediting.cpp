@@ -2,6 +2,7 @@
 
 #include "addressbook/formnolistby.h"
 #include "addressbook/frmaddressbook.h"
+#include "core/handlers.h"
 #include "core/misc.h"
 #include "core/options.h"
 #include "core/schema.h"
@@ -35,9 +36,9 @@ void FrmAddressBook::connectEditing()
         {cmdCancel, &FrmAddressBook::cmdCancel_Click},   {cmdIndAdd, &FrmAddressBook::cmdIndAdd_Click},
         {cmdIndChange, &FrmAddressBook::cmdIndChange_Click}, {cmdIndDelete, &FrmAddressBook::cmdIndDelete_Click}};
     for (const auto& [button, handler] : buttons)
-        connect(button, &QPushButton::clicked, this, handler);
-    connect(lstAddressBook, &ui::ListBox::doubleClick, this, &FrmAddressBook::cmdChange_Click);
-    connect(lstPersons, &ui::ListBox::doubleClick, this, &FrmAddressBook::cmdIndChange_Click);
+        connectHandler(button, &QPushButton::clicked, this, handler);
+    connectHandler(lstAddressBook, &ui::ListBox::doubleClick, this, &FrmAddressBook::cmdChange_Click);
+    connectHandler(lstPersons, &ui::ListBox::doubleClick, this, &FrmAddressBook::cmdIndChange_Click);
     orderTabStops();
 }
 
@@ -100,7 +101,7 @@ void FrmAddressBook::copyListingToBoxes()
     txtFax->setText(fieldText(RoofRS, "Fax"));
     txtNameEmail->setText(fieldText(RoofRS, "Email"));
     const QVariant anniversary = RoofRS.value(QStringLiteral("Anniversary"));
-    txtAnniversary->setText(anniversary.typeId() == QMetaType::QDateTime ? dates::shortDate(anniversary.toDateTime())
+    txtAnniversary->setText(anniversary.typeId() == QMetaType::QDateTime ? dates::shortDate(anniversary.toDateTime().date())
                                                                          : QString());
     txtNotes->setPlainText(fieldText(RoofRS, "Notes"));
     // A listing whose key is simply its name shows an empty List By box.

@@ -75,7 +75,7 @@ void FrmAddressBook::copyPersonToBoxes()
     txtWork->setText(fieldText(PersonRS, "Work"));
     txtWorkPhone->setText(fieldText(PersonRS, "WorkPhone"));
     const QVariant birthDate = PersonRS.value(QStringLiteral("BirthDate"));
-    txtBirthDate->setText(birthDate.typeId() == QMetaType::QDateTime ? dates::shortDate(birthDate.toDateTime())
+    txtBirthDate->setText(birthDate.typeId() == QMetaType::QDateTime ? dates::shortDate(birthDate.toDateTime().date())
                                                                      : QString());
     txtEmail->setText(fieldText(PersonRS, "Email"));
     txtIndNotes->setPlainText(fieldText(PersonRS, "Notes"));

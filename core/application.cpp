@@ -24,8 +24,8 @@ QString locationOf(QObject* receiver)
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 {
+    // No display name: the window system would add it to every title, and the titles stand alone.
     setApplicationName(QStringLiteral("Homebook"));
-    setApplicationDisplayName(QStringLiteral("Quillon Homebook"));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

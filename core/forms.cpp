@@ -44,10 +44,12 @@ void Form::fitWindow()
 void Form::setFormVisible(bool visible)
 {
     if (subWindow_) {
+        // The form is shown before its sub-window is fitted: a hidden form counts for nothing in the fit, and
+        // the sub-window would shrink to its title bar.
+        setVisible(visible);
         if (visible)
             fitWindow();
         subWindow_->setVisible(visible);
-        setVisible(visible);
         if (visible)
             subWindow_->raise();
     } else {

@@ -2,6 +2,7 @@
 
 #include "core/frameicons.h"
 #include "core/frmmdi.h"
+#include "core/handlers.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -88,7 +89,7 @@ void FrmMDI::buildMenu()
             if (item.icon)
                 action->setIcon(toolbarIcon(QString::fromLatin1(item.icon)));
             if (item.handler)
-                connect(action, &QAction::triggered, this, item.handler);
+                connectHandler(action, &QAction::triggered, this, item.handler);
         }
     }
 

@@ -3,6 +3,7 @@
 #include "core/frameicons.h"
 #include "core/framerules.h"
 #include "core/frmmdi.h"
+#include "core/handlers.h"
 #include "core/session.h"
 
 #include <QAction>
@@ -70,7 +71,7 @@ void FrmMDI::buildToolbar()
     button("find")->setText(QStringLiteral("Find"));
     if (auto* find = qobject_cast<QToolButton*>(ABToolbar->widgetForAction(button("find"))))
         find->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    connect(ABToolbar, &QToolBar::actionTriggered, this,
+    connectHandler(ABToolbar, &QToolBar::actionTriggered, this,
             [this](QAction* pressed) { ABToolbar_ButtonClick(pressed->objectName()); });
 }
 
@@ -94,8 +95,8 @@ void FrmMDI::buildFontCombos()
     ABToolbar->addWidget(cmbFontSize);
     ABToolbar->addSeparator();
     // The user's choices only; what the program sets in the combos raises nothing.
-    connect(cmbFonts, &QComboBox::activated, this, [this] { cmbFonts_Click(); });
-    connect(cmbFontSize, &QComboBox::activated, this, [this] { cmbFontSize_Click(); });
+    connectHandler(cmbFonts, &QComboBox::activated, this, [this] { cmbFonts_Click(); });
+    connectHandler(cmbFontSize, &QComboBox::activated, this, [this] { cmbFontSize_Click(); });
 }
 
 // The keys are compared in the order of the original dispatch; "FAQ" has no button, and "Left", "Center",

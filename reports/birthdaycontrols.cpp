@@ -1,5 +1,6 @@
 // The controls of the birthday report window and where they stand.
 
+#include "core/handlers.h"
 #include "reports/frmbirthdayrpt.h"
 
 #include "core/forms.h"
@@ -89,11 +90,11 @@ void FrmBirthdayRpt::defineColumns()
 
 void FrmBirthdayRpt::connectHandlers()
 {
-    connect(cmbYear, &QComboBox::currentIndexChanged, this, &FrmBirthdayRpt::cmbYear_Click);
-    connect(chkShowDayOfWeek, &QCheckBox::clicked, this, &FrmBirthdayRpt::chkShowDayOfWeek_Click);
-    connect(chkShowAge, &QCheckBox::clicked, this, &FrmBirthdayRpt::chkShowAge_Click);
-    connect(cmdSelect, &QPushButton::clicked, this, &FrmBirthdayRpt::cmdSelect_Click);
-    connect(cmdClose, &QPushButton::clicked, this, &FrmBirthdayRpt::cmdClose_Click);
+    connectHandler(cmbYear, &QComboBox::currentIndexChanged, this, &FrmBirthdayRpt::cmbYear_Click);
+    connectHandler(chkShowDayOfWeek, &QCheckBox::clicked, this, &FrmBirthdayRpt::chkShowDayOfWeek_Click);
+    connectHandler(chkShowAge, &QCheckBox::clicked, this, &FrmBirthdayRpt::chkShowAge_Click);
+    connectHandler(cmdSelect, &QPushButton::clicked, this, &FrmBirthdayRpt::cmdSelect_Click);
+    connectHandler(cmdClose, &QPushButton::clicked, this, &FrmBirthdayRpt::cmdClose_Click);
 }
 
 QSize FrmBirthdayRpt::sizeHint() const { return {ui::px(FormWidth), ui::px(FormHeight)}; }

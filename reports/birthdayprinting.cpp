@@ -3,6 +3,7 @@
 
 #include "reports/frmbirthdayrpt.h"
 
+#include "core/handlers.h"
 #include "core/session.h"
 #include "platform/grid/datagrid.h"
 #include "platform/grid/gridprinter.h"
@@ -27,7 +28,7 @@ void FrmBirthdayRpt::PrintPreview()
     preview.setObjectName(QStringLiteral("BirthdayPreview"));
     preview.setWindowTitle(windowTitle());
     const grid::GridPrinter gridPrinter(*tdbBirthday);
-    connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+    connectHandler(&preview, &QPrintPreviewDialog::paintRequested, &preview,
             [&gridPrinter](QPrinter* printer) { gridPrinter.print(*printer); });
     ui::showModal(preview);
 }

@@ -1,6 +1,7 @@
 #include "reports/formcustomizereport.h"
 
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/helpers.h"
 #include "core/options.h"
 #include "core/routes.h"
@@ -14,18 +15,12 @@
 
 namespace hb {
 
+using ui::placed;
+
 namespace {
 
 constexpr int First = 12;
 constexpr int Last = 26;
-
-template <class W>
-W* placed(W* w, const QString& name, int left, int top, int width, int height)
-{
-    w->setObjectName(name);
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
 
 } // namespace
 
@@ -34,9 +29,9 @@ FormCustomizeReport::FormCustomizeReport() : Form(staticFormName(), false)
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Customize Report"));
     buildControls();
-    connect(CommandOk, &QPushButton::clicked, this, &FormCustomizeReport::CommandOk_Click);
-    connect(CommandCancel, &QPushButton::clicked, this, &FormCustomizeReport::CommandCancel_Click);
-    connect(CommandHelp, &QPushButton::clicked, this, &FormCustomizeReport::CommandHelp_Click);
+    connectHandler(CommandOk, &QPushButton::clicked, this, &FormCustomizeReport::CommandOk_Click);
+    connectHandler(CommandCancel, &QPushButton::clicked, this, &FormCustomizeReport::CommandCancel_Click);
+    connectHandler(CommandHelp, &QPushButton::clicked, this, &FormCustomizeReport::CommandHelp_Click);
 }
 
 void FormCustomizeReport::buildControls()

@@ -1,8 +1,10 @@
 #include "reports/formpagesetup.h"
 
+#include "core/handlers.h"
 #include "core/helpers.h"
 #include "core/options.h"
 #include "core/session.h"
+#include "platform/ui/onelinebox.h"
 #include "platform/ui/twips.h"
 #include "platform/ui/windowservice.h"
 #include "reports/frmaddressrpt.h"
@@ -15,15 +17,9 @@
 
 namespace hb {
 
-namespace {
+using ui::placed;
 
-template <class W>
-W* placed(W* w, const QString& name, int left, int top, int width, int height)
-{
-    w->setObjectName(name);
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
+namespace {
 
 bool isNumeric(const QString& text, double* value)
 {
@@ -39,9 +35,9 @@ FormPageSetup::FormPageSetup() : Form(staticFormName(), false)
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Page Setup"));
     buildControls();
-    connect(CommandOk, &QPushButton::clicked, this, &FormPageSetup::CommandOk_Click);
-    connect(CommandCancel, &QPushButton::clicked, this, &FormPageSetup::CommandCancel_Click);
-    connect(CommandHelp, &QPushButton::clicked, this, &FormPageSetup::CommandHelp_Click);
+    connectHandler(CommandOk, &QPushButton::clicked, this, &FormPageSetup::CommandOk_Click);
+    connectHandler(CommandCancel, &QPushButton::clicked, this, &FormPageSetup::CommandCancel_Click);
+    connectHandler(CommandHelp, &QPushButton::clicked, this, &FormPageSetup::CommandHelp_Click);
 }
 
 void FormPageSetup::buildControls()
@@ -59,6 +55,7 @@ void FormPageSetup::buildControls()
         *f.label = placed(new QLabel(QString::fromLatin1(f.caption), Frame1), QString::fromLatin1(f.labelName), f.left,
                           f.top, 1500, 255);
         *f.box = placed(new QLineEdit(Frame1), QString::fromLatin1(f.boxName), f.left, f.top + 280, 1500, 315);
+        ui::keepOneLine(*f.box);
     }
     CommandOk = placed(new QPushButton(QStringLiteral("Ok"), this), QStringLiteral("CommandOk"), 120, 2340, 1200, 375);
     CommandCancel = placed(new QPushButton(QStringLiteral("&Cancel"), this), QStringLiteral("CommandCancel"), 1500,
@@ -102,6 +99,6 @@ void FormPageSetup::CommandOk_Click()
 
 void FormPageSetup::CommandCancel_Click() { forms::unload(staticFormName()); }
 
-void FormPageSetup::CommandHelp_Click() { ShowHelpTopic(QStringLiteral("2199")); }
+void FormPageSetup::CommandHelp_Click() { ShowHelpTopic(QStringLiteral("2460")); }
 
 } // namespace hb

@@ -12,6 +12,7 @@
 #include "reports/formcustomizereport.h"
 #include "reports/frmselect.h"
 #include "reports/listingreports.h"
+#include "reports/reportdefinitions.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -41,6 +42,7 @@ void FrmAddressRpt::formLoad()
 {
     chooseColumns();
     ApplyMargins(*Report);
+    hb::reports::fitSectionsToPaper(*Report);
     SetFramePointer(11);
     setCursor(Qt::WaitCursor);
     QCoreApplication::processEvents();

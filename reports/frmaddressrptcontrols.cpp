@@ -1,5 +1,6 @@
 #include "reports/frmaddressrpt.h"
 
+#include "core/handlers.h"
 #include "platform/report/reportviewer.h"
 #include "platform/ui/twips.h"
 
@@ -11,18 +12,12 @@
 
 namespace hb {
 
+using ui::placed;
+
 namespace {
 
 // The strip of the window's own controls above the viewer.
 constexpr int ControlStrip = 600;
-
-template <class W>
-W* placed(W* w, const QString& name, int left, int top, int width, int height)
-{
-    w->setObjectName(name);
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
 
 } // namespace
 
@@ -58,17 +53,17 @@ void FrmAddressRpt::buildControls()
 void FrmAddressRpt::connectControls()
 {
     for (int i = 0; i < 3; ++i) {
-        connect(optXUp[size_t(i)], &QRadioButton::toggled, this, [this, i](bool on) {
+        connectHandler(optXUp[size_t(i)], &QRadioButton::toggled, this, [this, i](bool on) {
             if (on)
                 optXUp_Click(i);
         });
     }
-    connect(cmdSelect, &QPushButton::clicked, this, &FrmAddressRpt::cmdSelect_Click);
-    connect(CommandCustomize, &QPushButton::clicked, this, &FrmAddressRpt::CommandCustomize_Click);
-    connect(cmdClose, &QPushButton::clicked, this, &FrmAddressRpt::cmdClose_Click);
-    connect(chkShowPhone, &QCheckBox::clicked, this, &FrmAddressRpt::chkShowPhone_Click);
-    connect(chkShowAddress, &QCheckBox::clicked, this, &FrmAddressRpt::chkShowAddress_Click);
-    connect(ChkShowNotes, &QCheckBox::clicked, this, &FrmAddressRpt::ChkShowNotes_Click);
+    connectHandler(cmdSelect, &QPushButton::clicked, this, &FrmAddressRpt::cmdSelect_Click);
+    connectHandler(CommandCustomize, &QPushButton::clicked, this, &FrmAddressRpt::CommandCustomize_Click);
+    connectHandler(cmdClose, &QPushButton::clicked, this, &FrmAddressRpt::cmdClose_Click);
+    connectHandler(chkShowPhone, &QCheckBox::clicked, this, &FrmAddressRpt::chkShowPhone_Click);
+    connectHandler(chkShowAddress, &QCheckBox::clicked, this, &FrmAddressRpt::chkShowAddress_Click);
+    connectHandler(ChkShowNotes, &QCheckBox::clicked, this, &FrmAddressRpt::ChkShowNotes_Click);
 }
 
 // The viewer fills the window below the strip of its own controls.

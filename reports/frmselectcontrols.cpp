@@ -1,6 +1,8 @@
 #include "reports/frmselect.h"
 
+#include "core/handlers.h"
 #include "platform/ui/listbox.h"
+#include "platform/ui/onelinebox.h"
 #include "platform/ui/twips.h"
 
 #include <QEvent>
@@ -60,6 +62,7 @@ void FrmSelect::buildControls()
     lblReportTitle = new QLabel(QStringLiteral("Report Title:"), this);
     place(lblReportTitle, "lblReportTitle", 120, 4620, 1200, 255);
     txtReportTitle = new QLineEdit(QStringLiteral("Report Title"), this);
+    ui::keepOneLine(txtReportTitle);
     txtReportTitle->setMaxLength(100);
     place(txtReportTitle, "txtReportTitle", 120, 4900, 4400, 315);
     txtReportTitle->installEventFilter(this);
@@ -72,16 +75,16 @@ void FrmSelect::buildControls()
 
 void FrmSelect::connectControls()
 {
-    connect(lstTypes, &ui::ListBox::click, this, &FrmSelect::lstTypes_Click);
-    connect(lstSelections, &ui::ListBox::click, this, &FrmSelect::DisplayCount);
-    connect(cmdTypesSelect, &QPushButton::clicked, this, &FrmSelect::cmdTypesSelect_Click);
-    connect(cmdTypesClear, &QPushButton::clicked, this, &FrmSelect::cmdTypesClear_Click);
-    connect(cmdSelectNames, &QPushButton::clicked, this, &FrmSelect::cmdSelectNames_Click);
-    connect(cmdClearNames, &QPushButton::clicked, this, &FrmSelect::cmdClearNames_Click);
-    connect(optFirstName, &QRadioButton::clicked, this, &FrmSelect::optFirstName_Click);
-    connect(optLastName, &QRadioButton::clicked, this, &FrmSelect::optLastName_Click);
-    connect(cmdCompute, &QPushButton::clicked, this, &FrmSelect::cmdCompute_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &FrmSelect::cmdCancel_Click);
+    connectHandler(lstTypes, &ui::ListBox::click, this, &FrmSelect::lstTypes_Click);
+    connectHandler(lstSelections, &ui::ListBox::click, this, &FrmSelect::DisplayCount);
+    connectHandler(cmdTypesSelect, &QPushButton::clicked, this, &FrmSelect::cmdTypesSelect_Click);
+    connectHandler(cmdTypesClear, &QPushButton::clicked, this, &FrmSelect::cmdTypesClear_Click);
+    connectHandler(cmdSelectNames, &QPushButton::clicked, this, &FrmSelect::cmdSelectNames_Click);
+    connectHandler(cmdClearNames, &QPushButton::clicked, this, &FrmSelect::cmdClearNames_Click);
+    connectHandler(optFirstName, &QRadioButton::clicked, this, &FrmSelect::optFirstName_Click);
+    connectHandler(optLastName, &QRadioButton::clicked, this, &FrmSelect::optLastName_Click);
+    connectHandler(cmdCompute, &QPushButton::clicked, this, &FrmSelect::cmdCompute_Click);
+    connectHandler(cmdCancel, &QPushButton::clicked, this, &FrmSelect::cmdCancel_Click);
 }
 
 // Entering the title selects it, so that typing replaces it; the selection is set after the line edit's

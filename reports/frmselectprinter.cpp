@@ -1,6 +1,7 @@
 #include "reports/frmselectprinter.h"
 
 #include "core/frame.h"
+#include "core/handlers.h"
 #include "core/session.h"
 #include "platform/ui/twips.h"
 #include "reports/listingreports.h"
@@ -16,15 +17,9 @@
 
 namespace hb {
 
-namespace {
+using ui::placed;
 
-template <class W>
-W* placed(W* w, const QString& name, int left, int top, int width, int height)
-{
-    w->setObjectName(name);
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
+namespace {
 
 QStringList systemPrinters() { return QPrinterInfo::availablePrinterNames(); }
 
@@ -37,8 +32,8 @@ FrmSelectPrinter::FrmSelectPrinter() : Form(staticFormName(), false)
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Select Printer"));
     buildControls();
-    connect(cmdOK, &QPushButton::clicked, this, &FrmSelectPrinter::cmdOK_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &FrmSelectPrinter::cmdCancel_Click);
+    connectHandler(cmdOK, &QPushButton::clicked, this, &FrmSelectPrinter::cmdOK_Click);
+    connectHandler(cmdCancel, &QPushButton::clicked, this, &FrmSelectPrinter::cmdCancel_Click);
 }
 
 void FrmSelectPrinter::buildControls()

@@ -128,4 +128,13 @@ ReportDefinition makeListingReport(int columns, bool landscape)
     return report;
 }
 
+void fitSectionsToPaper(ReportDefinition& report)
+{
+    const int paper = report.pageSize().width();
+    for (ReportSection& s : report.sections) {
+        const bool spansPage = s.areaKind == ReportHeader || s.areaKind == PageHeader || s.areaKind == PageFooter;
+        s.width = spansPage ? printableWidth(report, paper) : columnWidth(report, paper);
+    }
+}
+
 }  // namespace hb::reports

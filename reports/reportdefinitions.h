@@ -18,4 +18,9 @@ QString listingReportName(int columns, bool landscape);
 // beside the name on its right; their other objects lie below and the sections grow to hold them.
 hb::report::ReportDefinition makeListingReport(int columns, bool landscape);
 
+// Gives the sections the widths they print in on the definition's paper with its margins: the areas that
+// span the page the printable width, the listings the width of a column. The definitions are made for
+// Letter paper with one-inch margins; what is widened from the sections afterwards follows the paper.
+void fitSectionsToPaper(hb::report::ReportDefinition& report);
+
 }  // namespace hb::reports

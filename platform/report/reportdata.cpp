@@ -74,7 +74,8 @@ QString fieldText(const QVariant& value)
     case QMetaType::QDate:
         return hb::dates::shortDate(value.toDate());
     case QMetaType::QDateTime:
-        return hb::dates::shortDate(value.toDateTime());
+        // A time typed with a date is kept but never shown.
+        return hb::dates::shortDate(value.toDateTime().date());
     default:
         return value.toString().trimmed();
     }

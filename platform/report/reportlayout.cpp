@@ -36,10 +36,10 @@ public:
     {
         base.title = definition.title();
         base.printDate = hb::clock::today();
-        printable = std::max(1, paper.width() - def.leftMargin - def.rightMargin);
+        printable = printableWidth(def, paper.width());
         columns = std::max(1, def.columns);
-        gap = columns > 1 ? std::max(0, def.columnGap) : 0;
-        columnWidth = std::max(1, (printable - (columns - 1) * gap) / columns);
+        gap = columnGap(def);
+        columnWidth = hb::report::columnWidth(def, paper.width());
         reportHeight = stackHeight(ReportHeader);
         headerHeight = stackHeight(PageHeader);
         footerHeight = stackHeight(PageFooter);

@@ -4,6 +4,7 @@
 #include "platform/report/titleformula.h"
 
 #include <QPageSize>
+#include <algorithm>
 
 namespace hb::report {
 
@@ -117,6 +118,22 @@ QSize ReportDefinition::pageSize() const
     const QSizeF mm = QPageSize::size(pageSizeForPaper(printer.paperSize), QPageSize::Millimeter);
     const QSize twips(qRound(mm.width() * TwipsPerInch / 25.4), qRound(mm.height() * TwipsPerInch / 25.4));
     return landscape ? twips.transposed() : twips;
+}
+
+int printableWidth(const ReportDefinition& definition, int paperWidth)
+{
+    return std::max(1, paperWidth - definition.leftMargin - definition.rightMargin);
+}
+
+int columnGap(const ReportDefinition& definition)
+{
+    return definition.columns > 1 ? std::max(0, definition.columnGap) : 0;
+}
+
+int columnWidth(const ReportDefinition& definition, int paperWidth)
+{
+    const int columns = std::max(1, definition.columns);
+    return std::max(1, (printableWidth(definition, paperWidth) - (columns - 1) * columnGap(definition)) / columns);
 }
 
 }  // namespace hb::report

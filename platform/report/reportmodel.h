@@ -120,4 +120,10 @@ public:
     QSize pageSize() const;
 };
 
+// The width between the side margins on paper of the given width, and of one column of it: the areas
+// that span the page are laid out in the first, the listings in the second.
+int printableWidth(const ReportDefinition& definition, int paperWidth);
+int columnWidth(const ReportDefinition& definition, int paperWidth);
+int columnGap(const ReportDefinition& definition);
+
 }  // namespace hb::report

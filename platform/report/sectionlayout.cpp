@@ -1,6 +1,7 @@
 #include "platform/report/sectionlayout.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -13,6 +14,7 @@ using Band = std::pair<int, int>;   // a vertical stretch of the design, [first,
 struct Item {
     const ReportObject* object;
     int top;
+    int left;
     int width;
     int height;   // as placed: at least the design height, more when the text needs it
     QStringList lines;
@@ -37,15 +39,66 @@ int coveredLength(std::vector<Band> hidden, int from, int to)
     return length;
 }
 
+// Where an object stands across the frame: [left, right) in twips.
+struct Span {
+    int left;
+    int right;
+    int firstRight;   // the end of the first line, narrower beside a right-aligned object
+};
+
+bool besideEachOther(const ReportObject& a, const ReportObject& b)
+{
+    return a.top < b.top + std::max(b.height, 1) && b.top < a.top + std::max(a.height, 1);
+}
+
+// A right-aligned one-line text beside another object, such as a phone beside a name, keeps its text whole
+// on one line where the frame allows, growing to the left when it must. The object on its left stops its
+// first line short of it, keeping a small gap, and runs its further lines on below it.
+void shareRows(const ReportSection& section, const SourceContext& context, TextFlow& flow, std::vector<Span>& spans)
+{
+    constexpr int Gap = 120;
+    for (size_t i = 0; i < spans.size(); ++i) {
+        const ReportObject& object = section.objects.at(qsizetype(i));
+        if (object.suppress || object.kind == LineObject || !(object.alignment & Qt::AlignRight)
+            || isPageSource(object.source))
+            continue;
+        const QString text = sourceText(object.source, context);
+        if (text.isEmpty() || text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r')))
+            continue;
+        Span& own = spans[i];
+        const int need = int(std::ceil(flow.advance(text, object.font))) + 1;
+        const bool grows = need > own.right - own.left && need <= own.right;
+        if (grows)
+            own.left = own.right - need;
+        const int stop = grows ? own.left - Gap : own.left;
+        for (size_t j = 0; j < spans.size(); ++j) {
+            const ReportObject& other = section.objects.at(qsizetype(j));
+            if (j == i || other.suppress || other.kind == LineObject || !besideEachOther(object, other)
+                || spans[j].left >= own.left || spans[j].right <= stop)
+                continue;
+            spans[j].firstRight = std::max(spans[j].left, std::min(spans[j].right, stop));
+            spans[j].right = std::max(spans[j].right, own.right);
+        }
+        own.firstRight = own.right;
+    }
+}
+
 // The shown objects with their lines; the stretches of the hidden ones go to `hidden`.
 std::vector<Item> shownItems(const ReportSection& section, const SourceContext& context, TextFlow& flow,
                              int frameWidth, std::vector<Band>& hidden)
 {
-    std::vector<Item> items;
+    std::vector<Span> spans;
     for (const ReportObject& object : section.objects) {
-        const int left = std::max(object.left, 0);
+        const int right = std::min(object.right(), frameWidth);
+        spans.push_back({std::max(object.left, 0), right, right});
+    }
+    shareRows(section, context, flow, spans);
+    std::vector<Item> items;
+    for (qsizetype k = 0; k < section.objects.size(); ++k) {
+        const ReportObject& object = section.objects.at(k);
+        const int left = spans[size_t(k)].left;
         const int top = std::max(object.top, 0);
-        const int width = std::min(object.right(), frameWidth) - left;
+        const int width = spans[size_t(k)].right - left;
         bool shown = !object.suppress && width > 0;
         QStringList lines;
         if (shown && object.kind != LineObject) {
@@ -55,7 +108,7 @@ std::vector<Item> shownItems(const ReportSection& section, const SourceContext& 
             else if (text.isEmpty())
                 shown = false;
             else
-                lines = flow.wrap(text, object.font, width);
+                lines = flow.wrap(text, object.font, width, spans[size_t(k)].firstRight - left);
         }
         if (!shown) {
             hidden.emplace_back(top, top + std::max(object.height, 0));
@@ -63,7 +116,7 @@ std::vector<Item> shownItems(const ReportSection& section, const SourceContext& 
         }
         const int lineHeight = object.kind == LineObject ? 0 : flow.lineHeight(object.font);
         const int height = std::max(object.height, int(lines.size()) * lineHeight);
-        items.push_back({&object, top, width, height, lines, lineHeight});
+        items.push_back({&object, top, left, width, height, lines, lineHeight});
     }
     std::stable_sort(items.begin(), items.end(), [](const Item& a, const Item& b) { return a.top < b.top; });
     return items;
@@ -72,7 +125,7 @@ std::vector<Item> shownItems(const ReportSection& section, const SourceContext& 
 PlacedObject placed(const Item& item, int y, TextFlow& flow)
 {
     const ReportObject& object = *item.object;
-    PlacedObject p{object.name, object.kind, QRect(std::max(object.left, 0), y, item.width, item.height),
+    PlacedObject p{object.name, object.kind, QRect(item.left, y, item.width, item.height),
                    QRect(), QRect(), item.lines, object.font, object.alignment, item.lineHeight};
     if (object.kind == LineObject) {
         p.textRect = p.rect;

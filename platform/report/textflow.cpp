@@ -56,9 +56,14 @@ qreal TextFlow::advance(const QString& text, const ReportFont& font) { return ad
 
 QStringList TextFlow::wrap(const QString& text, const ReportFont& font, int width)
 {
+    return wrap(text, font, width, width);
+}
+
+QStringList TextFlow::wrap(const QString& text, const ReportFont& font, int width, int firstWidth)
+{
     Face& f = face(font);
     QStringList lines;
-    if (!text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\r')) && advance(f, text) <= width) {
+    if (!text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\r')) && advance(f, text) <= firstWidth) {
         lines.append(text);
         return lines;
     }
@@ -66,29 +71,33 @@ QStringList TextFlow::wrap(const QString& text, const ReportFont& font, int widt
     normal.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
     normal.replace(QLatin1Char('\t'), QLatin1Char(' '));
     for (const QString& paragraph : normal.split(QLatin1Char('\n')))
-        wrapParagraph(paragraph, f, width, lines);
+        wrapParagraph(paragraph, f, width, lines.isEmpty() ? firstWidth : width, lines);
     return lines;
 }
 
-void TextFlow::wrapParagraph(const QString& paragraph, Face& face, int width, QStringList& out)
+void TextFlow::wrapParagraph(const QString& paragraph, Face& face, int width, int firstWidth, QStringList& out)
 {
-    if (advance(face, paragraph) <= width) {
+    const qsizetype start = out.size();
+    auto room = [&] { return out.size() == start ? firstWidth : width; };
+    if (advance(face, paragraph) <= room()) {
         out.append(paragraph.trimmed());
         return;
     }
     QString line;
     for (QString word : paragraph.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         const QString candidate = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
-        if (advance(face, candidate) <= width) {
+        if (advance(face, candidate) <= room()) {
             line = candidate;
             continue;
         }
         if (!line.isEmpty())
             out.append(line);
+        else if (out.size() == start && firstWidth < width && advance(face, word) <= width)
+            out.append(QString());   // the word fits whole below the narrow first line, not on it
         // A word wider than the line is cut where it must; each piece holds at least one character.
-        while (word.size() > 1 && advance(face, word) > width) {
+        while (word.size() > 1 && advance(face, word) > room()) {
             qsizetype n = 1;
-            while (n < word.size() && advance(face, QStringView(word).left(n + 1)) <= width)
+            while (n < word.size() && advance(face, QStringView(word).left(n + 1)) <= room())
                 ++n;
             out.append(word.left(n));
             word = word.mid(n);

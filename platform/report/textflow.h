@@ -27,6 +27,8 @@ public:
     // Lines that fit the width: at line ends of the text, then between words, and inside a word only when
     // the word alone is too wide. A blank line of the text stays a blank line.
     QStringList wrap(const QString& text, const ReportFont& font, int width);
+    // The same with a narrower first line, as beside another object that stands on the first line only.
+    QStringList wrap(const QString& text, const ReportFont& font, int width, int firstWidth);
     // One line, cut with an ellipsis when too wide.
     QString elide(const QString& text, const ReportFont& font, int width);
 
@@ -40,7 +42,7 @@ private:
 
     Face& face(const ReportFont& font);
     static qreal advance(Face& face, QStringView text);
-    void wrapParagraph(const QString& paragraph, Face& face, int width, QStringList& out);
+    void wrapParagraph(const QString& paragraph, Face& face, int width, int firstWidth, QStringList& out);
 
     QString family;
     std::map<int, Face> faces;

@@ -52,8 +52,6 @@ ListBox::ListBox(QWidget* parent, bool sorted, Selection selection)
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(selection == Multi ? MultiSelection : SingleSelection);
-    connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& current) { onCurrentChanged(current); });
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { onSelectionChanged(); });
     connect(this, &QListView::doubleClicked, this, [this] { emit doubleClick(); });
 }
@@ -111,6 +109,13 @@ void ListBox::setItemData(int index, int value)
         model_->items[index].data = value;
 }
 
+int ListBox::indexOfData(int itemData) const
+{
+    const auto& items = model_->items;
+    const auto at = std::find_if(items.cbegin(), items.cend(), [itemData](const auto& item) { return item.data == itemData; });
+    return at == items.cend() ? -1 : int(at - items.cbegin());
+}
+
 int ListBox::listIndex() const
 {
     const QModelIndex current = currentIndex();
@@ -164,15 +169,14 @@ void ListBox::setAllSelected(bool on)
 
 int ListBox::selectedCount() const { return selectionModel()->selectedIndexes().size(); }
 
-void ListBox::onCurrentChanged(const QModelIndex& current)
-{
-    if (raising_ == 0 && current.isValid() && selectionMode() == SingleSelection)
-        emit click();
-}
-
+// A mouse press moves the current row before it selects it, while keys and code select it first: the click
+// is raised from the selection alone, once the chosen row is both current and selected, so that a handler
+// always reads the row that was chosen.
 void ListBox::onSelectionChanged()
 {
-    if (raising_ == 0 && selectionMode() == MultiSelection)
+    if (raising_ != 0)
+        return;
+    if (selectionMode() == MultiSelection || listIndex() >= 0)
         emit click();
 }
 

@@ -27,6 +27,8 @@ public:
     int itemData(int index) const;
     void setItemData(int index, int value);
     int newIndex() const { return newIndex_; }
+    // The first item that keeps the number, or -1.
+    int indexOfData(int itemData) const;
 
     int listIndex() const;                 // -1 when none
     void setListIndex(int index);
@@ -41,7 +43,6 @@ signals:
     void doubleClick();
 
 private:
-    void onCurrentChanged(const QModelIndex& current);
     void onSelectionChanged();
 
     ListBoxModel* model_;

@@ -36,23 +36,24 @@ int QtWindowService::message(const QString& text, int style, const QString& titl
     QMessageBox box(iconOf(style), title.isEmpty() ? QApplication::applicationDisplayName() : title, text,
                     QMessageBox::NoButton, QApplication::activeWindow());
     const bool secondDefault = style & MsgDefaultButton2;
+    QPushButton* first = nullptr;
     QPushButton* second = nullptr;
     switch (style & 0x7) {
     case MsgOkCancelButtons:
-        box.addButton(QMessageBox::Ok);
+        first = box.addButton(QMessageBox::Ok);
         second = box.addButton(QMessageBox::Cancel);
         box.setEscapeButton(QMessageBox::Cancel);
         break;
     case MsgYesNoButtons:
-        box.addButton(QMessageBox::Yes);
+        first = box.addButton(QMessageBox::Yes);
         second = box.addButton(QMessageBox::No);
         break;
     default:
-        box.addButton(QMessageBox::Ok);
+        first = box.addButton(QMessageBox::Ok);
         break;
     }
-    if (secondDefault && second)
-        box.setDefaultButton(second);
+    // The first button is the default one unless the style names the second.
+    box.setDefaultButton(secondDefault && second ? second : first);
     switch (box.exec()) {
     case QMessageBox::Cancel: return AnswerCancel;
     case QMessageBox::Yes: return AnswerYes;

@@ -48,7 +48,7 @@ protected:
     bool deleteType(QWidget& w, const QString& name)
     {
         auto* types = list(w, "lstRoofTypes");
-        types->setListIndex(trimmedItems(types).indexOf(name));
+        clickRow(types, trimmedItems(types).indexOf(name));
         return press(w, "cmdDelete");
     }
     static QVariant roofType(int roofNumber)
@@ -94,7 +94,7 @@ TEST_F(AddressTypesTest, AddsAreNumberedInTurnAndARenamedTypeKeepsItsNumber)
     EXPECT_EQ(scalar(QStringLiteral("select RoofTypeNumber from RoofType where Description = 'Aunts'")).toInt(), 5);
     EXPECT_EQ(trimmedItems(list(w, "lstRoofTypes")), (QStringList{"Aunts", "Business", "Customers", "Family", "Friends"}));
 
-    list(w, "lstRoofTypes")->setListIndex(0);
+    clickRow(list(w, "lstRoofTypes"), 0);
     ASSERT_TRUE(press(w, "cmdChange"));
     EXPECT_EQ(box(w, "txtRoofType"), QStringLiteral("Aunts"));
     type(w, "txtRoofType", QStringLiteral("Uncles"));
@@ -164,7 +164,7 @@ TEST_F(AddressTypesTest, CloseBringsTheListingsBackWithTheNewTypes)
     EXPECT_EQ(filters, (QStringList{"Entire Database", "No Type Assigned", "Business", "Clients", "Family"}));
     EXPECT_EQ(filter->currentIndex(), 0);
     EXPECT_EQ(text(*listings, "lblDType"), QStringLiteral("No Type Assigned"));
-    filter->setCurrentIndex(1);
+    chooseEntry(filter, 1);
     EXPECT_EQ(items(list(*listings, "lstAddressBook")), QStringList{QStringLiteral("Pals")});
 }
 

@@ -63,7 +63,7 @@ protected:
     static void select(QWidget& w, const QString& hit)
     {
         auto* hits = list(w, "lstFind");
-        hits->setListIndex(items(hits).indexOf(hit));
+        clickRow(hits, items(hits).indexOf(hit));
         click(w, QStringLiteral("cmdSelect"));
     }
     void addFamily()
@@ -93,7 +93,7 @@ TEST_F(FindTest, AFamilyAddedInTheWindowIsFoundByNameWorkPhoneAndNotes)
         type(w, "txtWorkPhone", QString::fromLatin1(phone));
         ASSERT_TRUE(press(w, "cmdOK"));
     }
-    list(w, "lstPersons")->setListIndex(0);
+    clickRow(list(w, "lstPersons"), 0);
     ASSERT_EQ(text(w, "lblDFirstName"), QStringLiteral("Ingrid"));
     QStringList byName, byPhone, byNotes;
     ASSERT_TRUE(find([&](QWidget& s) {
@@ -171,7 +171,7 @@ TEST_F(FindTest, NothingFoundIsAHitThatLeadsNowhere)
 {
     addFamily();
     FrmAddressBook& w = open();
-    list(w, "lstAddressBook")->setListIndex(1);
+    clickRow(list(w, "lstAddressBook"), 1);
     QStringList hits;
     ASSERT_TRUE(find([&](QWidget& s) {
         search(s, QStringLiteral("Müller"), {"chkIndividuals", "chkCity"});
@@ -188,7 +188,7 @@ TEST_F(FindTest, AHitHiddenByTheFilterPutsTheFilterBackOnTheWholeDatabase)
     addFamily();
     FrmAddressBook& w = open();
     auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
-    filter->setCurrentIndex(filter->findText(QStringLiteral("Business").leftJustified(40)));
+    chooseEntry(filter, filter->findText(QStringLiteral("Business").leftJustified(40)));
     ASSERT_EQ(items(list(w, "lstAddressBook")), QStringList{QStringLiteral("Müller & Co")});
     ASSERT_TRUE(find([&](QWidget& s) {
         search(s, QStringLiteral("pat"), {"chkIndividuals", "chkName"});
@@ -257,4 +257,24 @@ TEST_F(FindTest, CtrlFInTheFrameOpensTheWindowOfItsOwnAndAHitComesUpInTheListing
     });
     ASSERT_TRUE(guarded([findItem] { findItem->trigger(); }));
     EXPECT_EQ(text(*forms::find(QStringLiteral("frmAddressBook")), "lblDName"), QStringLiteral("Müller && Co"));
+}
+
+TEST_F(FindTest, InTheFrameAHitHiddenByTheFilterKeepsTheListingsWindowWhole)
+{
+    addFamily();
+    ASSERT_TRUE(startProgram());
+    click(*forms::find(QStringLiteral("FormAbout")), QStringLiteral("cmdOK"));
+    auto& w = *qobject_cast<FrmAddressBook*>(forms::find(QStringLiteral("frmAddressBook")));
+    const QSize whole = w.outerWindow()->size();
+    ASSERT_GT(whole.height(), w.height());
+    auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
+    ASSERT_TRUE(guarded([&] { chooseEntry(filter, filter->findText(QStringLiteral("Business").leftJustified(40))); }));
+    ASSERT_TRUE(find([&](QWidget& s) {
+        search(s, QStringLiteral("pat"), {"chkIndividuals", "chkName"});
+        select(s, QStringLiteral("O'Neil...The O'Neil Family.......Pat O'Neil"));
+    }));
+    EXPECT_EQ(text(w, "lblDFirstName"), QStringLiteral("Pat"));
+    EXPECT_EQ(w.outerWindow()->size(), whole) << "the window neither shrinks nor grows";
+    keepPicture(frameWindow(), QStringLiteral("listings-after-hidden-find-hit"));
+    EXPECT_TRUE(w.isFormVisible());
 }

@@ -12,7 +12,7 @@ protected:
     static void chooseType(QWidget& w, const char* combo, const QString& type)
     {
         auto* box = control<QComboBox>(w, QString::fromLatin1(combo));
-        box->setCurrentIndex(box->findText(type.leftJustified(40)));
+        chooseEntry(box, box->findText(type.leftJustified(40)));
     }
     static QVariant roof(int number, const char* field)
     {
@@ -65,7 +65,7 @@ TEST_F(HouseholdEditingTest, NamesWithApostrophesAmpersandsAndAccentsAreKeptAsTy
     EXPECT_EQ(items(list(w, "lstAddressBook")), (QStringList{"O'Neil & Sons", "Ærøskøbing Ölçer"}));
     EXPECT_EQ(roof(1, "RoofName").toString(), QStringLiteral("O'Neil & Sons"));
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Ærøskøbing Ölçer"));
-    list(w, "lstAddressBook")->setListIndex(0);
+    clickRow(list(w, "lstAddressBook"), 0);
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("O'Neil && Sons"));
 }
 
@@ -174,7 +174,7 @@ TEST_F(HouseholdEditingTest, ChangingANameMovesAListByThatWasTheNameAndKeepsOneO
     ASSERT_TRUE(press(w, "cmdOK"));
     EXPECT_EQ(roof(1, "SortName").toString(), QStringLiteral("Acme Group"));
 
-    list(w, "lstAddressBook")->setListIndex(1);
+    clickRow(list(w, "lstAddressBook"), 1);
     ASSERT_TRUE(press(w, "cmdChange"));
     EXPECT_EQ(box(w, "txtSortName"), QStringLiteral("Brown"));
     type(w, "txtName", QStringLiteral("The Browns"));
@@ -228,7 +228,7 @@ TEST_F(HouseholdEditingTest, DeletingAListingTakesItsIndividualsAndShowsTheOneAb
     addPerson(2, 2, QStringLiteral("Bob"), QString());
     addPerson(3, 3, QStringLiteral("Cy"), QString());
     FrmAddressBook& w = open();
-    list(w, "lstAddressBook")->setListIndex(1);
+    clickRow(list(w, "lstAddressBook"), 1);
     dialogs().answer(ui::AnswerCancel);
     ASSERT_TRUE(press(w, "cmdDelete"));
     EXPECT_EQ(shownMessage(), std::make_tuple(QStringLiteral("Are you sure? All associated individuals will also be deleted!"),

@@ -90,7 +90,7 @@ TEST_F(IndividualEditingTest, ABirthDateWithoutAYearTakesThisYearAndChangingItKe
     ASSERT_TRUE(addIndividual(w, QStringLiteral("Late"), QString(), QStringLiteral("Dec 25")));
     EXPECT_EQ(person(1, "BirthDate").toDateTime().date(), QDate(2026, 3, 5));
     EXPECT_TRUE(text(w, "lblDBirthDate").endsWith(QStringLiteral("  Age -1"))) << "Late's day has not come yet";
-    list(w, "lstPersons")->setListIndex(0);
+    clickRow(list(w, "lstPersons"), 0);
     EXPECT_TRUE(text(w, "lblDBirthDate").endsWith(QStringLiteral("  Age 0")));
 
     ASSERT_TRUE(press(w, "cmdIndChange"));
@@ -118,7 +118,7 @@ TEST_F(IndividualEditingTest, DeletingSelectsTheNextBelowOrTheOneAboveTheLast)
     FrmAddressBook& w = open();
     auto* persons = list(w, "lstPersons");
     auto deleteAt = [&](int index, int answer) {
-        persons->setListIndex(index);
+        clickRow(persons, index);
         dialogs().answer(answer);
         return press(w, "cmdIndDelete");
     };
@@ -160,7 +160,7 @@ TEST_F(IndividualEditingTest, ADoubleClickOnAnIndividualOpensItsEditor)
               {{QStringLiteral("Work"), QStringLiteral("Bank")}, {QStringLiteral("Notes"), QStringLiteral("n")}});
     FrmAddressBook& w = open();
     auto* persons = list(w, "lstPersons");
-    ASSERT_TRUE(guarded([&] { emit persons->doubleClick(); }));
+    ASSERT_TRUE(guarded([&] { doubleClickRow(persons, persons->listIndex()); }));
     EXPECT_TRUE(shown(w, "txtFirstName"));
     EXPECT_EQ(box(w, "txtLastName"), QStringLiteral("Smith"));
     EXPECT_EQ(box(w, "txtWork"), QStringLiteral("Bank"));

@@ -41,7 +41,7 @@ protected:
     static void chooseFilter(FrmAddressBook& w, const QString& type)
     {
         auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
-        filter->setCurrentIndex(filter->findText(type.leftJustified(40)));
+        chooseEntry(filter, filter->findText(type.leftJustified(40)));
     }
 };
 
@@ -83,7 +83,7 @@ TEST_F(ListingsWindowTest, TheSelectedListingShowsItsFieldsAndIndividuals)
     EXPECT_EQ(text(w, "lblDWork"), QStringLiteral("Mill"));
     EXPECT_EQ(text(w, "lblDBirthDate"), dates::shortDate(QDate(1961, 3, 5)) + QStringLiteral("  Age 65"));
 
-    persons->setListIndex(1);
+    clickRow(persons, 1);
     EXPECT_EQ(text(w, "lblDFirstName"), QStringLiteral("Zoe"));
     EXPECT_EQ(text(w, "lblDBirthDate"), QString());
 }
@@ -99,7 +99,7 @@ TEST_F(ListingsWindowTest, AgesTurnOverOnTheBirthday)
     auto* persons = control<ui::ListBox>(w, QStringLiteral("lstPersons"));
     const QStringList expected = {QStringLiteral("  Age 30"), QStringLiteral("  Age 1"), QStringLiteral("  Age 0")};
     for (int i = 0; i < 3; ++i) {
-        persons->setListIndex(i);
+        clickRow(persons, i);
         EXPECT_TRUE(text(w, "lblDBirthDate").endsWith(expected[i])) << text(w, "lblDBirthDate").toStdString();
     }
 }
@@ -121,18 +121,18 @@ TEST_F(ListingsWindowTest, TheFilterNarrowsTheListAndMovesTheSelection)
     addListing({3, QStringLiteral("Clark"), QString(), 1});
     FrmAddressBook& w = open();
     auto* list = control<ui::ListBox>(w, QStringLiteral("lstAddressBook"));
-    list->setListIndex(0);
+    clickRow(list, 0);
     chooseFilter(w, QStringLiteral("Business"));
     EXPECT_EQ(items(list), (QStringList{"Baker", "Clark"}));
     EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("2 Name Listings"));
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Baker")) << "the first visible listing is selected";
 
-    list->setListIndex(1);
+    clickRow(list, 1);
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Clark"));
     chooseFilter(w, QStringLiteral("Family"));
     EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("1 Name Listing"));
     auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
-    filter->setCurrentIndex(0);
+    chooseEntry(filter, 0);
     EXPECT_EQ(items(list).size(), 3);
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Adams")) << "the listing of the last click stays selected";
 }

@@ -4,6 +4,8 @@
 #include "core/session.h"
 
 #include <QFontDatabase>
+#include <QGuiApplication>
+#include <QWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -218,4 +220,13 @@ TEST_F(FrameTest, TheToolbarHasFifteenButtonsWithTheirTipsAndTheFontCombos)
     EXPECT_EQ(combo("cmbFonts")->toolTip(), QStringLiteral("Font"));
     EXPECT_EQ(combo("cmbFontSize")->toolTip(), QStringLiteral("Font Size"));
     EXPECT_EQ(frame()->windowTitle(), QStringLiteral("Quillon Homebook v2.0"));
+}
+
+TEST_F(FrameTest, TitlesReachTheWindowSystemWithNothingAdded)
+{
+    // Qt adds an application display name, when one is set, to every title it hands to the window system;
+    // without one, the display name reads as the bare application name.
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
+    ASSERT_NE(frame()->windowHandle(), nullptr);
+    EXPECT_EQ(frame()->windowHandle()->title(), QStringLiteral("Quillon Homebook v2.0"));
 }

@@ -82,8 +82,7 @@ protected:
         QComboBox* box = combo(comboName);
         const int index = box->findText(entry);
         ASSERT_GE(index, 0) << entry.toStdString();
-        box->setCurrentIndex(index);
-        ASSERT_TRUE(guarded([box, index] { emit box->activated(index); }));
+        ASSERT_TRUE(guarded([box, index] { chooseEntry(box, index); }));
     }
 };
 

@@ -13,8 +13,8 @@
 // The program's help pages, copied from the sources into a test's program folder as the build ships them.
 inline void copyHelpInto(const QString& programDir)
 {
-    // ctest names the source folder; compiled-in paths would be relative under ccache.
-    const QString source = qEnvironmentVariable("HB_SOURCE_DIR") + QStringLiteral("/help");
+    const QString source =
+        QString::fromStdString((std::filesystem::path(HB_SOURCE_DIR) / "help").lexically_normal().string());
     QDir().mkpath(programDir + QStringLiteral("help"));
     QDirIterator files(source, QDir::Files);
     while (files.hasNext()) {

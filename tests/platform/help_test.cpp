@@ -20,7 +20,7 @@
 
 // The pages are tested where they are written, not in the build's copy.
 #ifndef HB_SOURCE_HELP_DIR
-#define HB_SOURCE_HELP_DIR (qEnvironmentVariable("HB_SOURCE_DIR") + QStringLiteral("/help")).toStdString()
+#define HB_SOURCE_HELP_DIR (std::filesystem::path(HB_SOURCE_DIR) / "help").string()
 #endif
 
 static void PrintTo(const QString& text, std::ostream* os)

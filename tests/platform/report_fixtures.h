@@ -120,26 +120,4 @@ inline ReportData makeData(int count, int persons = 1)
     return data;
 }
 
-// Answers the dialogs of the renderer: records messages, and lets the test decide the printer dialog.
-class FakeWindows : public hb::ui::WindowService {
-public:
-    QStringList messages;
-    std::function<bool(QPrinter&)> printerAnswer = [](QPrinter&) { return false; };
-
-    int message(const QString& text, int, const QString&) override
-    {
-        messages.append(text);
-        return hb::ui::AnswerOk;
-    }
-    void showModal(QWidget&) override {}
-    QString openFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString saveFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString directory(const QString&, const QString&) override { return {}; }
-    bool chooseFont(QFont&) override { return false; }
-    bool choosePrinter(QPrinter& printer) override { return printerAnswer(printer); }
-    bool pageSetup(QPrinter& printer) override { return printerAnswer(printer); }
-    bool openUrl(const QString&) override { return false; }
-    void setBusy(bool) override {}
-};
-
 }  // namespace reporttest

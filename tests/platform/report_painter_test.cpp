@@ -2,6 +2,7 @@
 #include "platform/report/reportprinting.h"
 
 #include "report_fixtures.h"
+#include "scriptedwindows.h"
 
 #include <QFile>
 #include <QImage>
@@ -45,16 +46,20 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(dir.isValid());
-        auto service = std::make_unique<FakeWindows>();
+        auto service = std::make_unique<ScriptedWindows>();
         windows = service.get();
         previous = hb::ui::setWindowService(std::move(service));
     }
-    void TearDown() override { hb::ui::setWindowService(std::move(previous)); }
+    void TearDown() override
+    {
+        EXPECT_EQ(windows->problems(), QStringList());
+        hb::ui::setWindowService(std::move(previous));
+    }
 
     QString path(const char* name) const { return dir.filePath(QLatin1String(name)); }
 
     QTemporaryDir dir;
-    FakeWindows* windows = nullptr;
+    ScriptedWindows* windows = nullptr;
     std::unique_ptr<hb::ui::WindowService> previous;
 };
 
@@ -122,11 +127,11 @@ TEST_F(ReportPrinting, PrintOutAsksForThePrinterFirst)
 {
     const ReportDefinition d = listingDefinition(1, false);
     const QString target = path("out.pdf");
-    windows->printerAnswer = [&](QPrinter& printer) {
+    windows->scriptPrinter([&](QPrinter& printer) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(target);
         return true;
-    };
+    });
     ASSERT_TRUE(printOut(d, makeData(30), true));
     EXPECT_EQ(pdfPages(target), ReportLayout(d, makeData(30), d.pageSize()).pageCount());
 }
@@ -134,17 +139,18 @@ TEST_F(ReportPrinting, PrintOutAsksForThePrinterFirst)
 TEST_F(ReportPrinting, PrintOutCancelledPrintsNothing)
 {
     const ReportDefinition d = listingDefinition(1, false);
+    windows->answerPrinter(false);
     EXPECT_FALSE(printOut(d, makeData(3), true));
 }
 
 TEST_F(ReportPrinting, PrinterSetupStoresTheChoiceInTheDefinition)
 {
     ReportDefinition d = listingDefinition(1, false);
-    windows->printerAnswer = [](QPrinter& printer) {
+    windows->scriptPrinter([](QPrinter& printer) {
         printer.setPageSize(QPageSize(QPageSize::A4));
         printer.setPageOrientation(QPageLayout::Landscape);
         return true;
-    };
+    });
     d.printer.driverName = QStringLiteral("winspool");
     ASSERT_TRUE(printerSetup(d));
     EXPECT_EQ(d.printer.paperSize, 9);
@@ -155,10 +161,10 @@ TEST_F(ReportPrinting, PrinterSetupStoresTheChoiceInTheDefinition)
 TEST_F(ReportPrinting, PrinterSetupCancelledChangesNothing)
 {
     ReportDefinition d = listingDefinition(1, false);
-    windows->printerAnswer = [](QPrinter& printer) {
+    windows->scriptPrinter([](QPrinter& printer) {
         printer.setPageSize(QPageSize(QPageSize::A4));
         return false;
-    };
+    });
     EXPECT_FALSE(printerSetup(d));
     EXPECT_EQ(d.printer.paperSize, 1);
 }

@@ -1,6 +1,7 @@
 #include "platform/report/reportviewer.h"
 
 #include "report_fixtures.h"
+#include "scriptedwindows.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -18,7 +19,7 @@ class ReportViewerTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        auto service = std::make_unique<FakeWindows>();
+        auto service = std::make_unique<ScriptedWindows>();
         windows = service.get();
         previous = hb::ui::setWindowService(std::move(service));
         viewer.resize(900, 700);
@@ -26,6 +27,7 @@ protected:
     }
     void TearDown() override
     {
+        EXPECT_EQ(windows->problems(), QStringList());
         hb::ui::setWindowService(std::move(previous));
     }
 
@@ -33,7 +35,7 @@ protected:
     QToolButton* button(const char* name) const { return viewer.findChild<QToolButton*>(QLatin1String(name)); }
     void click(const char* name) { QTest::mouseClick(button(name), Qt::LeftButton); }
 
-    FakeWindows* windows = nullptr;
+    ScriptedWindows* windows = nullptr;
     std::unique_ptr<hb::ui::WindowService> previous;
     ReportDefinition definition = listingDefinition(1, false);
     ReportViewer viewer;
@@ -103,8 +105,8 @@ TEST_F(ReportViewerTest, BadTitleIsReportedAndShowsNoPages)
     definition = listingDefinition(1, false, QStringLiteral("The \"Best\" Friends"));
     viewer.setReportSource(&definition, makeData(5));
     viewer.viewReport();
-    ASSERT_EQ(windows->messages.size(), 1);
-    EXPECT_TRUE(windows->messages.first().startsWith(QStringLiteral("Error in formula <Title>")));
+    ASSERT_EQ(windows->messages().size(), 1u);
+    EXPECT_TRUE(windows->messages().front().text.startsWith(QStringLiteral("Error in formula <Title>")));
     EXPECT_EQ(viewer.errorNumber(), 20515);
     EXPECT_EQ(viewer.pageCount(), 0);
     EXPECT_FALSE(viewer.isBusy());

@@ -16,7 +16,7 @@ const QString Queue = QStringLiteral("PDF");
 // Empty when the scheduler and the PDF queue are up; the reason otherwise.
 QString startCups()
 {
-    const QString script = qEnvironmentVariable("HB_SOURCE_DIR") + QStringLiteral("/scripts/start-cups.sh");
+    const QString script = QStringLiteral(HB_SOURCE_DIR "/scripts/start-cups.sh");
     QProcess process;
     process.start(QStringLiteral("bash"), {script, Queue});
     if (!process.waitForFinished(60000))

@@ -109,7 +109,7 @@ TEST_F(AddressReportWindowTest, SelectNarrowsTheReportAndBuildsTheColumnTable)
     dialogs().onModal([](QWidget& window) {
         auto* names = control<ui::ListBox>(window, QStringLiteral("lstSelections"));
         for (int i = 0; i < names->listCount(); ++i)
-            names->setSelected(i, names->list(i).startsWith(QStringLiteral("Adams")));
+            setRowChosen(names, i, names->list(i).startsWith(QStringLiteral("Adams")));
         click(window, QStringLiteral("cmdCompute"));
     });
     ASSERT_TRUE(guarded([&] { click(*w, QStringLiteral("cmdSelect")); }));

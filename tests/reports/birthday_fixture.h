@@ -55,7 +55,7 @@ protected:
     bool chooseYear(hb::FrmBirthdayRpt& w, int year)
     {
         QComboBox* combo = years(w);
-        return guarded([&] { combo->setCurrentIndex(combo->findData(year)); });
+        return guarded([&] { chooseEntry(combo, combo->findData(year)); });
     }
 
     // The person names of the grid's rows, without their leading blank; separator rows left out.

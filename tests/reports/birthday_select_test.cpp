@@ -34,7 +34,7 @@ protected:
     {
         auto* list = control<ui::ListBox>(w, QStringLiteral("lstSelections"));
         for (int i = 0; i < list->listCount(); ++i)
-            list->setSelected(i, keep.contains(list->list(i)));
+            setRowChosen(list, i, keep.contains(list->list(i)));
     }
 
     FrmBirthdayRpt* report = nullptr;

@@ -1,5 +1,6 @@
 #include "addressrpt_fixture.h"
 #include "printcapture.h"
+#include "../core/helpfolder.h"
 
 #include "core/routes.h"
 #include "reports/formcustomizereport.h"
@@ -10,6 +11,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 
 using namespace hb;
 
@@ -95,6 +97,30 @@ TEST_F(ReportDialogsTest, PageSetupStoresThousandthsAndOpensTheReportAnew)
     EXPECT_EQ(forms::loaded<FormPageSetup>(), nullptr);
 }
 
+TEST_F(ReportDialogsTest, EachDialogsHelpOpensItsOwnTopic)
+{
+    copyHelpInto(programDir());
+    FrmAddressRpt* w = open("mnuCustom");
+    ASSERT_NE(w, nullptr);
+    dialogs().onModal([](QWidget& window) {
+        EXPECT_EQ(window.objectName(), QStringLiteral("FormPageSetup"));
+        QTest::mouseClick(control<QPushButton>(window, QStringLiteral("CommandHelp")), Qt::LeftButton);
+        EXPECT_EQ(shownHelpPage(), QStringLiteral("page-setup.html"));
+        click(window, QStringLiteral("CommandCancel"));
+    });
+    ASSERT_TRUE(trigger(QStringLiteral("mnuPageSetup")));
+    hideHelp();
+    dialogs().onModal([](QWidget& window) {
+        EXPECT_EQ(window.objectName(), QStringLiteral("FormCustomizeReport"));
+        QTest::mouseClick(control<QPushButton>(window, QStringLiteral("CommandHelp")), Qt::LeftButton);
+        EXPECT_EQ(shownHelpPage(), QStringLiteral("custom-report.html"));
+        click(window, QStringLiteral("CommandCancel"));
+    });
+    ASSERT_TRUE(guarded([&] { click(*w, QStringLiteral("CommandCustomize")); }));
+    hideHelp();
+    EXPECT_TRUE(dialogs().messages().empty());
+}
+
 TEST_F(ReportDialogsTest, TwoBadMarginsGiveOneMessageAndTheFocusToTheLater)
 {
     ASSERT_NE(open("mnuAddress"), nullptr);
@@ -135,7 +161,7 @@ TEST_F(ReportDialogsTest, SelectPrinterMakesTheChosenPrinterCurrent)
     dialogs().onModal([](QWidget& window) {
         auto* list = control<QComboBox>(window, QStringLiteral("cmbPrinter"));
         EXPECT_EQ(list->count(), 2);
-        list->setCurrentIndex(1);
+        chooseEntry(list, 1);
         click(window, QStringLiteral("cmdOK"));
     });
     ASSERT_TRUE(guarded([] { showSelectPrinter(); }));

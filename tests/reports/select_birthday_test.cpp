@@ -69,8 +69,8 @@ TEST_F(SelectBirthdayTest, OkStoresThePersonFlagsAndLeavesTheListingsAlone)
     DB.execute(QStringLiteral("update roof set roofselected = false, rooflisted = true"));
     FirstNameFirst = true;
     const bool cancelled = runSelection([&](FrmSelect& w) {
-        types(w)->setSelected(1, false);   // Bob Brown's type
-        names(w)->setSelected(indexOf(names(w), QStringLiteral("Tim Smith")), false);
+        setRowChosen(types(w), 1, false);   // Bob Brown's type
+        setRowChosen(names(w), indexOf(names(w), QStringLiteral("Tim Smith")), false);
         click(w, QStringLiteral("cmdCompute"));
     });
     EXPECT_FALSE(cancelled);

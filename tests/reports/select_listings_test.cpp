@@ -46,9 +46,9 @@ TEST_F(SelectListingsTest, CountReadsSingularForOneAndPluralOtherwise)
         EXPECT_EQ(count(w), QStringLiteral("3 Names Selected"));
         click(w, QStringLiteral("cmdClearNames"));
         EXPECT_EQ(count(w), QStringLiteral("0 Names Selected"));
-        names(w)->setSelected(0, true);
+        setRowChosen(names(w), 0, true);
         EXPECT_EQ(count(w), QStringLiteral("1 Name Selected"));
-        names(w)->setSelected(1, true);
+        setRowChosen(names(w), 1, true);
         EXPECT_EQ(count(w), QStringLiteral("2 Names Selected"));
         click(w, QStringLiteral("cmdSelectNames"));
         EXPECT_EQ(count(w), QStringLiteral("3 Names Selected"));
@@ -60,9 +60,9 @@ TEST_F(SelectListingsTest, OkStoresListedAndHighlightedNamesAndTheTypes)
 {
     const bool cancelled = runSelection([&](FrmSelect& w) {
         // Only the first type: Bob Brown leaves the list, all others are highlighted again.
-        types(w)->setSelected(1, false);
+        setRowChosen(types(w), 1, false);
         EXPECT_EQ(texts(names(w)), (QStringList{QStringLiteral("Acme"), QStringLiteral("Smith...The Smith Family")}));
-        names(w)->setSelected(indexOf(names(w), QStringLiteral("Acme")), false);
+        setRowChosen(names(w), indexOf(names(w), QStringLiteral("Acme")), false);
         title(w)->setText(QStringLiteral("My Phones"));
         click(w, QStringLiteral("cmdCompute"));
         EXPECT_FALSE(w.isVisible());
@@ -127,7 +127,7 @@ TEST_F(SelectListingsTest, AnAcceptedWindowKeepsItsListsWithoutReload)
 {
     runSelection([&](FrmSelect& w) {
         click(w, QStringLiteral("cmdClearNames"));
-        names(w)->setSelected(0, true);
+        setRowChosen(names(w), 0, true);
         click(w, QStringLiteral("cmdCompute"));
     });
     // The flags change behind the window's back; a window that is still loaded does not read them.

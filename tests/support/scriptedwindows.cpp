@@ -89,15 +89,15 @@ bool ScriptedWindows::chooseFont(QFont& font)
     return accept;
 }
 
-bool ScriptedWindows::choosePrinter(QPrinter&)
+bool ScriptedWindows::choosePrinter(QPrinter& printer)
 {
     if (printers_.empty()) {
         problems_ << QStringLiteral("unanswered printer dialog");
         return false;
     }
-    const bool accept = printers_.front();
+    const PrinterScript script = std::move(printers_.front());
     printers_.pop_front();
-    return accept;
+    return script(printer);
 }
 
 bool ScriptedWindows::pageSetup(QPrinter& printer) { return choosePrinter(printer); }

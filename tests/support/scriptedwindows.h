@@ -24,7 +24,10 @@ public:
     void onModal(ModalScript script) { modals_.push_back(std::move(script)); }
     void answerFont(bool accept, const QFont& font = QFont()) { fonts_.push_back({accept, font}); }
     void answerFile(const QString& path) { files_.push_back(path); }
-    void answerPrinter(bool accept) { printers_.push_back(accept); }
+    using PrinterScript = std::function<bool(QPrinter&)>;
+    void answerPrinter(bool accept) { printers_.push_back([accept](QPrinter&) { return accept; }); }
+    // The script acts in the printer dialog (output, paper) and tells whether it was accepted.
+    void scriptPrinter(PrinterScript script) { printers_.push_back(std::move(script)); }
 
     const std::vector<ShownMessage>& messages() const { return messages_; }
     const QStringList& modalsShown() const { return modalNames_; }
@@ -53,7 +56,7 @@ private:
     std::deque<ModalScript> modals_;
     std::deque<std::pair<bool, QFont>> fonts_;
     std::deque<QString> files_;
-    std::deque<bool> printers_;
+    std::deque<PrinterScript> printers_;
     std::vector<ShownMessage> messages_;
     QStringList modalNames_;
     QStringList urls_;

@@ -1,0 +1,76 @@
+#include "platform/ui/listbox.h"
+
+#include <QAbstractItemModelTester>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using hb::ui::ListBox;
+
+namespace {
+
+QStringList modelWarnings;
+
+void collectWarnings(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg)
+        modelWarnings.append(text);
+}
+
+QStringList texts(const ListBox& list)
+{
+    QStringList out;
+    for (int i = 0; i < list.listCount(); ++i)
+        out << list.list(i);
+    return out;
+}
+
+} // namespace
+
+TEST(ListBoxTest, ItsModelPassesTheModelTesterThroughAddsRemovalsAndClears)
+{
+    modelWarnings.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(collectWarnings);
+    {
+        ListBox list(nullptr, true);
+        QAbstractItemModelTester tester(list.model(), QAbstractItemModelTester::FailureReportingMode::Warning);
+        for (const char* name : {"pear", "Apple", "fig", "banana"})
+            list.addItem(QString::fromLatin1(name), int(qstrlen(name)));
+        EXPECT_EQ(texts(list), (QStringList{"Apple", "banana", "fig", "pear"})) << "sorted without regard to case";
+        list.removeItem(1);
+        list.removeItem(7);   // beyond the end: nothing
+        list.clearList();
+        list.addItem(QStringLiteral("again"), 5);
+        EXPECT_EQ(list.listCount(), 1);
+    }
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(modelWarnings, QStringList());
+}
+
+TEST(ListBoxTest, IndexOfDataFindsTheFirstItemKeepingTheNumber)
+{
+    ListBox list;
+    list.addItem(QStringLiteral("a"), 7);
+    list.addItem(QStringLiteral("b"), 9);
+    list.addItem(QStringLiteral("c"), 9);
+    EXPECT_EQ(list.indexOfData(9), 1);
+    EXPECT_EQ(list.indexOfData(7), 0);
+    EXPECT_EQ(list.indexOfData(3), -1);
+}
+
+TEST(ListBoxTest, AMouseClickRaisesTheClickWithTheClickedRowSelected)
+{
+    ListBox list;
+    for (int i = 0; i < 5; ++i)
+        list.addItem(QStringLiteral("Row %1").arg(i), 100 + i);
+    list.resize(200, 200);
+    list.show();
+    QList<int> seen;
+    QObject::connect(&list, &ListBox::click, &list, [&] { seen << list.itemData(list.listIndex()); });
+    const QRect third = list.visualRect(list.model()->index(2, 0));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, third.center());
+    EXPECT_EQ(seen, QList<int>{102});
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(seen, (QList<int>{102, 103}));
+    list.setListIndex(0);
+    EXPECT_EQ(seen, (QList<int>{102, 103, 100})) << "a selection by code raises the click as well";
+}
