@@ -19,7 +19,8 @@ QString handlerLocation(const QObject* receiver, const QObject* sender);
 // Connects a control's signal to a handler of the receiving window (a member function or any callable,
 // with or without the signal's arguments) through the guarded entry.
 template <class Sender, class Signal, class Receiver, class Handler>
-QMetaObject::Connection connectHandler(Sender* sender, Signal signal, Receiver* receiver, Handler handler)
+QMetaObject::Connection connectHandler(Sender* sender, Signal signal, Receiver* receiver, Handler handler,
+                                       Qt::ConnectionType type = Qt::AutoConnection)
 {
     return QObject::connect(sender, signal, receiver, [sender, receiver, handler](const auto&... args) {
         runGuarded(handlerLocation(receiver, sender), [&] {
@@ -32,7 +33,7 @@ QMetaObject::Connection connectHandler(Sender* sender, Signal signal, Receiver* 
             else
                 std::invoke(handler);
         });
-    });
+    }, type);
 }
 
 } // namespace hb

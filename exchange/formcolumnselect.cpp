@@ -1,4 +1,5 @@
 #include "exchange/formcolumnselect.h"
+#include "core/handlers.h"
 
 #include "core/helpers.h"
 #include "core/misc.h"
@@ -16,10 +17,10 @@ FormColumnSelect::FormColumnSelect() : Form(staticFormName(), false)
     CommandOk = importui::button(this, "CommandOk", "&OK", "Accept selection", 240, 3120, 1080);
     CommandCancel = importui::button(this, "CommandCancel", "&Cancel", "Cancel selection", 1440, 3120, 1080);
     CommandHelp = importui::button(this, "CommandHelp", "&Help", "Display help", 2640, 3120, 1080);
-    connect(ListItems, &ui::ListBox::doubleClick, this, &FormColumnSelect::CommandOk_Click);
-    connect(CommandOk, &QPushButton::clicked, this, &FormColumnSelect::CommandOk_Click);
-    connect(CommandCancel, &QPushButton::clicked, this, &FormColumnSelect::CommandCancel_Click);
-    connect(CommandHelp, &QPushButton::clicked, this, &FormColumnSelect::CommandHelp_Click);
+    connectHandler(ListItems, &ui::ListBox::doubleClick, this, &FormColumnSelect::CommandOk_Click);
+    connectHandler(CommandOk, &QPushButton::clicked, this, &FormColumnSelect::CommandOk_Click);
+    connectHandler(CommandCancel, &QPushButton::clicked, this, &FormColumnSelect::CommandCancel_Click);
+    connectHandler(CommandHelp, &QPushButton::clicked, this, &FormColumnSelect::CommandHelp_Click);
 }
 
 void FormColumnSelect::formLoad() { CenterForm(*this); }

@@ -1,4 +1,5 @@
 #include "exchange/csvtablemodel.h"
+#include "core/handlers.h"
 #include "exchange/formcommadelimitedimport.h"
 #include "exchange/importwidgets.h"
 
@@ -35,7 +36,7 @@ void FormCommaDelimitedImport::buildControls()
     ListView1->header()->setSectionsClickable(true);
     ListView1->header()->setSectionsMovable(false);
     ListView1->header()->setStretchLastSection(false);
-    connect(ListView1->header(), &QHeaderView::sectionClicked, this,
+    connectHandler(ListView1->header(), &QHeaderView::sectionClicked, this,
             [this](int section) { ListView1_ColumnClick(section + 1); });
 
     Frame1 = place(new QGroupBox(QStringLiteral("Comma Delimited Settings"), this), "Frame1", 240, 5040, 6000, 1320);
@@ -48,9 +49,9 @@ void FormCommaDelimitedImport::buildControls()
     CommandImport = button(this, "CommandImport", "Import", "Begin the import process", 6600, 5160);
     CommandCancel = button(this, "CommandCancel", "Cancel", "Cancel the import", 7920, 5160);
     CommandHelp = button(this, "CommandHelp", "Help", "Display help", 7920, 5700);
-    connect(CommandImport, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandImport_Click);
-    connect(CommandCancel, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandCancel_Click);
-    connect(CommandHelp, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandHelp_Click);
+    connectHandler(CommandImport, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandImport_Click);
+    connectHandler(CommandCancel, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandCancel_Click);
+    connectHandler(CommandHelp, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandHelp_Click);
 }
 
 } // namespace hb

@@ -1,4 +1,5 @@
 #include "exchange/formduplicatewarning.h"
+#include "core/handlers.h"
 
 #include "core/helpers.h"
 #include "core/misc.h"
@@ -27,11 +28,11 @@ FormDuplicateWarning::FormDuplicateWarning() : Form(staticFormName(), false)
     CommandStopImporting =
         button(this, "CommandStopImporting", "Stop &Importing", "Stop the import process", 4200, 1800, 1320);
     CommandHelp = button(this, "CommandHelp", "&Help", "Display help", 5640, 1800, 720);
-    connect(CommandAdd, &QPushButton::clicked, this, &FormDuplicateWarning::CommandAdd_Click);
-    connect(CommandReplace, &QPushButton::clicked, this, &FormDuplicateWarning::CommandReplace_Click);
-    connect(Commandskip, &QPushButton::clicked, this, &FormDuplicateWarning::Commandskip_Click);
-    connect(CommandStopImporting, &QPushButton::clicked, this, &FormDuplicateWarning::CommandStopImporting_Click);
-    connect(CommandHelp, &QPushButton::clicked, this, &FormDuplicateWarning::CommandHelp_Click);
+    connectHandler(CommandAdd, &QPushButton::clicked, this, &FormDuplicateWarning::CommandAdd_Click);
+    connectHandler(CommandReplace, &QPushButton::clicked, this, &FormDuplicateWarning::CommandReplace_Click);
+    connectHandler(Commandskip, &QPushButton::clicked, this, &FormDuplicateWarning::Commandskip_Click);
+    connectHandler(CommandStopImporting, &QPushButton::clicked, this, &FormDuplicateWarning::CommandStopImporting_Click);
+    connectHandler(CommandHelp, &QPushButton::clicked, this, &FormDuplicateWarning::CommandHelp_Click);
 }
 
 void FormDuplicateWarning::formLoad() { CenterForm(*this); }

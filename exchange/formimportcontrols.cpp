@@ -1,4 +1,5 @@
 #include "exchange/formimport.h"
+#include "core/handlers.h"
 
 #include "exchange/importwidgets.h"
 
@@ -45,14 +46,14 @@ void FormImport::buildControls()
 
 void FormImport::connectControls()
 {
-    connect(OptionImportHomebook, &QRadioButton::clicked, this, &FormImport::OptionImportHomebook_Click);
-    connect(OptionImportCD, &QRadioButton::clicked, this, &FormImport::OptionImportCD_Click);
-    connect(OptionImportBK, &QRadioButton::clicked, this, &FormImport::OptionImportBK_Click);
-    connect(OptionImportQuillon, &QRadioButton::clicked, this, &FormImport::OptionImportQuillon_Click);
-    connect(CommandBrowse, &QPushButton::clicked, this, &FormImport::CommandBrowse_Click);
-    connect(CommandImport, &QPushButton::clicked, this, &FormImport::CommandImport_Click);
-    connect(CommandCancel, &QPushButton::clicked, this, &FormImport::CommandCancel_Click);
-    connect(CommandHelp, &QPushButton::clicked, this, &FormImport::CommandHelp_Click);
+    connectHandler(OptionImportHomebook, &QRadioButton::clicked, this, &FormImport::OptionImportHomebook_Click);
+    connectHandler(OptionImportCD, &QRadioButton::clicked, this, &FormImport::OptionImportCD_Click);
+    connectHandler(OptionImportBK, &QRadioButton::clicked, this, &FormImport::OptionImportBK_Click);
+    connectHandler(OptionImportQuillon, &QRadioButton::clicked, this, &FormImport::OptionImportQuillon_Click);
+    connectHandler(CommandBrowse, &QPushButton::clicked, this, &FormImport::CommandBrowse_Click);
+    connectHandler(CommandImport, &QPushButton::clicked, this, &FormImport::CommandImport_Click);
+    connectHandler(CommandCancel, &QPushButton::clicked, this, &FormImport::CommandCancel_Click);
+    connectHandler(CommandHelp, &QPushButton::clicked, this, &FormImport::CommandHelp_Click);
 }
 
 } // namespace hb

@@ -1,4 +1,5 @@
 #include "exchange/formimportprogress.h"
+#include "core/handlers.h"
 
 #include "core/session.h"
 #include "exchange/importdriver.h"
@@ -20,7 +21,7 @@ FormImportProgress::FormImportProgress() : Form(staticFormName(), false)
     ProgressBar1 = importui::place(new QProgressBar(this), "ProgressBar1", 240, 540, 4320, 300);
     ProgressBar1->setRange(0, 100);
     CommandCancelImport = importui::button(this, "CommandCancelImport", "Cancel Import", nullptr, 1680, 1080, 1440);
-    connect(CommandCancelImport, &QPushButton::clicked, this, &FormImportProgress::CommandCancelImport_Click);
+    connectHandler(CommandCancelImport, &QPushButton::clicked, this, &FormImportProgress::CommandCancelImport_Click);
 }
 
 void FormImportProgress::formLoad() { ImportCancelled = false; }

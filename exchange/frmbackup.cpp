@@ -1,4 +1,5 @@
 #include "exchange/frmbackup.h"
+#include "core/handlers.h"
 
 #include "core/frame.h"
 #include "core/routes.h"
@@ -23,12 +24,12 @@ FrmBackup::FrmBackup() : Form(staticFormName(), true)
 
 void FrmBackup::connectControls()
 {
-    connect(cmdOK, &QPushButton::clicked, this, &FrmBackup::cmdOK_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &FrmBackup::cmdCancel_Click);
-    connect(cmdAll, &QPushButton::clicked, this, &FrmBackup::cmdAll_Click);
-    connect(cmdClear, &QPushButton::clicked, this, &FrmBackup::cmdClear_Click);
-    connect(Dir1, &ui::DirListBox::change, this, &FrmBackup::Dir1_Change);
-    connect(File1, &ui::FileListBox::pathChange, this, &FrmBackup::File1_PathChange);
+    connectHandler(cmdOK, &QPushButton::clicked, this, &FrmBackup::cmdOK_Click);
+    connectHandler(cmdCancel, &QPushButton::clicked, this, &FrmBackup::cmdCancel_Click);
+    connectHandler(cmdAll, &QPushButton::clicked, this, &FrmBackup::cmdAll_Click);
+    connectHandler(cmdClear, &QPushButton::clicked, this, &FrmBackup::cmdClear_Click);
+    connectHandler(Dir1, &ui::DirListBox::change, this, &FrmBackup::Dir1_Change);
+    connectHandler(File1, &ui::FileListBox::pathChange, this, &FrmBackup::File1_PathChange);
     Dir1->installEventFilter(this);
 }
 

@@ -1,4 +1,5 @@
 #include "exchange/frmimport.h"
+#include "core/handlers.h"
 
 #include "core/misc.h"
 #include "platform/ui/captionlabel.h"
@@ -69,11 +70,11 @@ FrmImport::FrmImport() : Form(staticFormName(), false)
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     setWindowTitle(QStringLiteral("Import Name Already on Database"));
     buildControls();
-    connect(cmdAdd, &QPushButton::clicked, this, [this] { answer(ImportAddName); });
-    connect(cmdChange, &QPushButton::clicked, this, [this] { answer(ImportChangeName); });
-    connect(cmdChangeAll, &QPushButton::clicked, this, [this] { answer(ImportChangeAll); });
-    connect(cmdSkip, &QPushButton::clicked, this, [this] { answer(ImportSkipName); });
-    connect(cmdSkipAll, &QPushButton::clicked, this, [this] { answer(ImportSkipAll); });
+    connectHandler(cmdAdd, &QPushButton::clicked, this, [this] { answer(ImportAddName); });
+    connectHandler(cmdChange, &QPushButton::clicked, this, [this] { answer(ImportChangeName); });
+    connectHandler(cmdChangeAll, &QPushButton::clicked, this, [this] { answer(ImportChangeAll); });
+    connectHandler(cmdSkip, &QPushButton::clicked, this, [this] { answer(ImportSkipName); });
+    connectHandler(cmdSkipAll, &QPushButton::clicked, this, [this] { answer(ImportSkipAll); });
 }
 
 QGroupBox* FrmImport::buildFrame(const char* name, const char* caption, int left)

@@ -1,4 +1,5 @@
 #include "mailing/formretaddr.h"
+#include "core/handlers.h"
 
 #include "core/helpers.h"
 #include "core/misc.h"
@@ -39,10 +40,10 @@ FormRetAddr::FormRetAddr() : Form(staticFormName(), false)
     CommandOk = place(new QPushButton(QStringLiteral("&Ok"), this), "CommandOk", 1500, 3000, 1200, 375);
     CommandCancel = place(new QPushButton(QStringLiteral("&Cancel"), this), "CommandCancel", 2880, 3000, 1200, 375);
     CommandHelp = place(new QPushButton(QStringLiteral("&Help"), this), "CommandHelp", 4260, 3000, 1200, 375);
-    connect(CommandFont, &QPushButton::clicked, this, &FormRetAddr::CommandFont_Click);
-    connect(CommandOk, &QPushButton::clicked, this, &FormRetAddr::CommandOk_Click);
-    connect(CommandCancel, &QPushButton::clicked, this, &FormRetAddr::CommandCancel_Click);
-    connect(CommandHelp, &QPushButton::clicked, this, &FormRetAddr::CommandHelp_Click);
+    connectHandler(CommandFont, &QPushButton::clicked, this, &FormRetAddr::CommandFont_Click);
+    connectHandler(CommandOk, &QPushButton::clicked, this, &FormRetAddr::CommandOk_Click);
+    connectHandler(CommandCancel, &QPushButton::clicked, this, &FormRetAddr::CommandCancel_Click);
+    connectHandler(CommandHelp, &QPushButton::clicked, this, &FormRetAddr::CommandHelp_Click);
 }
 
 void FormRetAddr::formLoad()

@@ -1,4 +1,5 @@
 #include "mailing/frmeditlabel.h"
+#include "core/handlers.h"
 
 #include "core/frame.h"
 #include "core/session.h"
@@ -33,8 +34,8 @@ FrmEditLabel::FrmEditLabel() : Form(staticFormName(), false)
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Edit Label"));
     buildControls();
-    connect(cmdOK, &QPushButton::clicked, this, &FrmEditLabel::cmdOK_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &FrmEditLabel::cmdCancel_Click);
+    connectHandler(cmdOK, &QPushButton::clicked, this, &FrmEditLabel::cmdOK_Click);
+    connectHandler(cmdCancel, &QPushButton::clicked, this, &FrmEditLabel::cmdCancel_Click);
 }
 
 void FrmEditLabel::buildControls()

@@ -1,4 +1,5 @@
 #include "mailing/frmlabels.h"
+#include "core/handlers.h"
 
 #include "platform/ui/listbox.h"
 #include "platform/ui/twips.h"
@@ -63,21 +64,21 @@ void FrmLabels::buildControls()
 
 void FrmLabels::connectControls()
 {
-    connect(lstTypes, &ui::ListBox::click, this, &FrmLabels::lstTypes_Click);
-    connect(lstSelections, &ui::ListBox::click, this, &FrmLabels::lstSelections_Click);
+    connectHandler(lstTypes, &ui::ListBox::click, this, &FrmLabels::lstTypes_Click);
+    connectHandler(lstSelections, &ui::ListBox::click, this, &FrmLabels::lstSelections_Click);
     // Queued, so that the list is changed after the view has finished with the mouse event.
-    connect(lstLabels, &ui::ListBox::doubleClick, this, &FrmLabels::cmdChange_Click, Qt::QueuedConnection);
-    connect(cmdTypesSelect, &QPushButton::clicked, this, &FrmLabels::cmdTypesSelect_Click);
-    connect(cmdTypesClear, &QPushButton::clicked, this, &FrmLabels::cmdTypesClear_Click);
-    connect(cmdLabelsSelect, &QPushButton::clicked, this, &FrmLabels::cmdLabelsSelect_Click);
-    connect(cmdLabelsClear, &QPushButton::clicked, this, &FrmLabels::cmdLabelsClear_Click);
-    connect(cmdInsert, &QPushButton::clicked, this, &FrmLabels::cmdInsert_Click);
-    connect(cmdChange, &QPushButton::clicked, this, &FrmLabels::cmdChange_Click);
-    connect(cmdDelete, &QPushButton::clicked, this, &FrmLabels::cmdDelete_Click);
-    connect(cmdDuplicate, &QPushButton::clicked, this, &FrmLabels::cmdDuplicate_Click);
-    connect(CheckCountry, &QCheckBox::clicked, this, &FrmLabels::CheckCountry_Click);
-    connect(cmdPrint, &QPushButton::clicked, this, &FrmLabels::cmdPrint_Click);
-    connect(cmdClose, &QPushButton::clicked, this, &FrmLabels::cmdClose_Click);
+    connectHandler(lstLabels, &ui::ListBox::doubleClick, this, &FrmLabels::cmdChange_Click, Qt::QueuedConnection);
+    connectHandler(cmdTypesSelect, &QPushButton::clicked, this, &FrmLabels::cmdTypesSelect_Click);
+    connectHandler(cmdTypesClear, &QPushButton::clicked, this, &FrmLabels::cmdTypesClear_Click);
+    connectHandler(cmdLabelsSelect, &QPushButton::clicked, this, &FrmLabels::cmdLabelsSelect_Click);
+    connectHandler(cmdLabelsClear, &QPushButton::clicked, this, &FrmLabels::cmdLabelsClear_Click);
+    connectHandler(cmdInsert, &QPushButton::clicked, this, &FrmLabels::cmdInsert_Click);
+    connectHandler(cmdChange, &QPushButton::clicked, this, &FrmLabels::cmdChange_Click);
+    connectHandler(cmdDelete, &QPushButton::clicked, this, &FrmLabels::cmdDelete_Click);
+    connectHandler(cmdDuplicate, &QPushButton::clicked, this, &FrmLabels::cmdDuplicate_Click);
+    connectHandler(CheckCountry, &QCheckBox::clicked, this, &FrmLabels::CheckCountry_Click);
+    connectHandler(cmdPrint, &QPushButton::clicked, this, &FrmLabels::cmdPrint_Click);
+    connectHandler(cmdClose, &QPushButton::clicked, this, &FrmLabels::cmdClose_Click);
 }
 
 } // namespace hb

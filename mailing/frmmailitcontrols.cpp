@@ -1,4 +1,5 @@
 #include "mailing/frmmailit.h"
+#include "core/handlers.h"
 
 #include "platform/label/labelcontrol.h"
 
@@ -79,22 +80,22 @@ void FrmMailIt::buildControls()
 
 void FrmMailIt::connectControls()
 {
-    connect(cmbPageTop, &QComboBox::activated, this, &FrmMailIt::cmbPageTop_Click);
-    connect(CommandFirstPage, &QPushButton::clicked, this, &FrmMailIt::CommandFirstPage_Click);
-    connect(CommandPreviousPage, &QPushButton::clicked, this, &FrmMailIt::CommandPreviousPage_Click);
-    connect(CommandNextPage, &QPushButton::clicked, this, &FrmMailIt::CommandNextPage_Click);
-    connect(CommandLastPage, &QPushButton::clicked, this, &FrmMailIt::CommandLastPage_Click);
-    connect(CommandZoomIn, &QPushButton::clicked, this, &FrmMailIt::CommandZoomIn_Click);
-    connect(CommandZoomOut, &QPushButton::clicked, this, &FrmMailIt::CommandZoomOut_Click);
-    connect(CommandPiece, &QPushButton::clicked, this, &FrmMailIt::CommandPiece_Click);
-    connect(CommandLayout, &QPushButton::clicked, this, &FrmMailIt::CommandLayout_Click);
-    connect(CommandRetAddr, &QPushButton::clicked, this, &FrmMailIt::CommandRetAddr_Click);
-    connect(CommandCustomize, &QPushButton::clicked, this, &FrmMailIt::CommandCustomize_Click);
-    connect(CommandSelect, &QPushButton::clicked, this, &FrmMailIt::CommandSelect_Click);
-    connect(CommandClose, &QPushButton::clicked, this, &FrmMailIt::CommandClose_Click);
-    connect(cmdBack, &QPushButton::clicked, this, &FrmMailIt::cmdBack_Click);
-    connect(cmdClose, &QPushButton::clicked, this, &FrmMailIt::cmdClose_Click);
-    connect(ezLabel1, &label::LabelControl::changed, this, &FrmMailIt::ezLabel1_Change);
+    connectHandler(cmbPageTop, &QComboBox::activated, this, &FrmMailIt::cmbPageTop_Click);
+    connectHandler(CommandFirstPage, &QPushButton::clicked, this, &FrmMailIt::CommandFirstPage_Click);
+    connectHandler(CommandPreviousPage, &QPushButton::clicked, this, &FrmMailIt::CommandPreviousPage_Click);
+    connectHandler(CommandNextPage, &QPushButton::clicked, this, &FrmMailIt::CommandNextPage_Click);
+    connectHandler(CommandLastPage, &QPushButton::clicked, this, &FrmMailIt::CommandLastPage_Click);
+    connectHandler(CommandZoomIn, &QPushButton::clicked, this, &FrmMailIt::CommandZoomIn_Click);
+    connectHandler(CommandZoomOut, &QPushButton::clicked, this, &FrmMailIt::CommandZoomOut_Click);
+    connectHandler(CommandPiece, &QPushButton::clicked, this, &FrmMailIt::CommandPiece_Click);
+    connectHandler(CommandLayout, &QPushButton::clicked, this, &FrmMailIt::CommandLayout_Click);
+    connectHandler(CommandRetAddr, &QPushButton::clicked, this, &FrmMailIt::CommandRetAddr_Click);
+    connectHandler(CommandCustomize, &QPushButton::clicked, this, &FrmMailIt::CommandCustomize_Click);
+    connectHandler(CommandSelect, &QPushButton::clicked, this, &FrmMailIt::CommandSelect_Click);
+    connectHandler(CommandClose, &QPushButton::clicked, this, &FrmMailIt::CommandClose_Click);
+    connectHandler(cmdBack, &QPushButton::clicked, this, &FrmMailIt::cmdBack_Click);
+    connectHandler(cmdClose, &QPushButton::clicked, this, &FrmMailIt::cmdClose_Click);
+    connectHandler(ezLabel1, &label::LabelControl::changed, this, &FrmMailIt::ezLabel1_Change);
 }
 
 } // namespace hb

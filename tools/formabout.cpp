@@ -1,4 +1,5 @@
 #include "tools/formabout.h"
+#include "core/handlers.h"
 
 #include "core/frame.h"
 #include "core/helpers.h"
@@ -90,8 +91,8 @@ void FormAbout::buildControls()
     grid->addWidget(cmdOK, 8, 1, Qt::AlignRight);
     grid->setHorizontalSpacing(16);
 
-    connect(cmdOK, &QPushButton::clicked, this, &FormAbout::cmdOK_Click);
-    connect(CheckDisplayAbout, &QCheckBox::clicked, this, &FormAbout::CheckDisplayAbout_Click);
+    connectHandler(cmdOK, &QPushButton::clicked, this, &FormAbout::cmdOK_Click);
+    connectHandler(CheckDisplayAbout, &QCheckBox::clicked, this, &FormAbout::CheckDisplayAbout_Click);
 }
 
 void FormAbout::formLoad()

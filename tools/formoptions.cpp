@@ -1,4 +1,5 @@
 #include "tools/formoptions.h"
+#include "core/handlers.h"
 
 #include "addressbook/windowkeys.h"
 #include "core/helpers.h"
@@ -98,11 +99,11 @@ void FormOptions::buildFrames()
 
 void FormOptions::connectHandlers()
 {
-    connect(TabStrip1, &ui::TabStrip::click, this, &FormOptions::TabStrip1_Click);
-    connect(CommandOk, &QPushButton::clicked, this, &FormOptions::CommandOk_Click);
-    connect(CommandCancel, &QPushButton::clicked, this, &FormOptions::CommandCancel_Click);
-    connect(CommandRetAddr, &QPushButton::clicked, this, &FormOptions::CommandRetAddr_Click);
-    connect(CommandHelp, &QPushButton::clicked, this, &FormOptions::CommandHelp_Click);
+    connectHandler(TabStrip1, &ui::TabStrip::click, this, &FormOptions::TabStrip1_Click);
+    connectHandler(CommandOk, &QPushButton::clicked, this, &FormOptions::CommandOk_Click);
+    connectHandler(CommandCancel, &QPushButton::clicked, this, &FormOptions::CommandCancel_Click);
+    connectHandler(CommandRetAddr, &QPushButton::clicked, this, &FormOptions::CommandRetAddr_Click);
+    connectHandler(CommandHelp, &QPushButton::clicked, this, &FormOptions::CommandHelp_Click);
 }
 
 void FormOptions::formLoad()

@@ -1,4 +1,5 @@
 #include "tools/frmdial.h"
+#include "core/handlers.h"
 
 #include "addressbook/windowkeys.h"
 #include "core/routes.h"
@@ -98,12 +99,12 @@ void FrmDial::buildKeypad()
 
 void FrmDial::connectHandlers()
 {
-    connect(cmdDial, &QPushButton::clicked, this, &FrmDial::cmdDial_Click);
-    connect(cmdDialUsing, &QPushButton::clicked, this, &FrmDial::cmdDialUsing_Click);
-    connect(cmdDialProperties, &QPushButton::clicked, this, &FrmDial::cmdDialProperties_Click);
-    connect(cmdClose, &QPushButton::clicked, this, &FrmDial::cmdClose_Click);
+    connectHandler(cmdDial, &QPushButton::clicked, this, &FrmDial::cmdDial_Click);
+    connectHandler(cmdDialUsing, &QPushButton::clicked, this, &FrmDial::cmdDialUsing_Click);
+    connectHandler(cmdDialProperties, &QPushButton::clicked, this, &FrmDial::cmdDialProperties_Click);
+    connectHandler(cmdClose, &QPushButton::clicked, this, &FrmDial::cmdClose_Click);
     for (int i = 0; i < 14; ++i)
-        connect(cmdNumber[i], &QPushButton::clicked, this, [this, i] { cmdNumber_Click(i); });
+        connectHandler(cmdNumber[i], &QPushButton::clicked, this, [this, i] { cmdNumber_Click(i); });
 }
 
 void FrmDial::formLoad() { txtPhoneNumber->setText(DialNumber); }
