@@ -1,4 +1,5 @@
 #include "platform/storage/safecopy.h"
+#include "platform/storage/textrules.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,6 +33,9 @@ Handle openFile(const QString& path, int flags, QString* reason)
     if (rc != SQLITE_OK) {
         *reason = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");
         handle.reset();
+    } else {
+        // The check reads the indexes in the program's own text order.
+        registerTextRules(db);
     }
     return handle;
 }
