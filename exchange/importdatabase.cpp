@@ -81,18 +81,10 @@ void FrmBackup::ImportDatabase()
         }
         VersionRS.close();
         SetFramePointer(11);
-        // One write for the whole file: many thousand single writes would keep the user waiting. A
-        // failure keeps what was written before it, as single writes would have.
-        DB.execute(QStringLiteral("begin"));
+        // Each row is its own write, so that a failure or a kill keeps every row written before it.
         importRows();
-        DB.execute(QStringLiteral("commit"));
     } catch (const std::exception& failure) {
         // Rows already written stay; the window stays open.
-        try {
-            DB.execute(QStringLiteral("commit"));
-        } catch (const std::exception&) {
-            // No write was open.
-        }
         newRoofs.close();
         newPersons.close();
         ImportDB.close();
