@@ -47,7 +47,9 @@ TEST_F(StartupTest, FirstStartMakesTheDatabaseFromTheShellAndUpgradesItToTwo)
         EXPECT_TRUE(DB.tableDef(table).has_value()) << table.toStdString();
     EXPECT_NE(DB.tableDef(QStringLiteral("Roof"))->field(QStringLiteral("Cell")), nullptr);
     EXPECT_NE(DB.tableDef(QStringLiteral("RptLabels"))->field(QStringLiteral("RoofNumber")), nullptr);
-    const FieldDef* ski = DB.tableDef(QStringLiteral("RptBirthday"))->field(QStringLiteral("DayOfMonthski"));
+    const auto birthday = DB.tableDef(QStringLiteral("RptBirthday"));
+    ASSERT_TRUE(birthday.has_value());
+    const FieldDef* ski = birthday->field(QStringLiteral("DayOfMonthski"));
     ASSERT_NE(ski, nullptr);
     EXPECT_TRUE(ski->required);
     EXPECT_EQ(ski->size, 5);

@@ -151,8 +151,12 @@ TEST_F(LabelListTest, DeleteOfFirstMiddleLastAndOnlyLabel)
     EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("0 Labels Selected"));
 
     // With nothing to act on, the handlers say so.
-    for (auto [handler, word] : {std::pair{&FrmLabels::cmdChange_Click, "change"}, {&FrmLabels::cmdDelete_Click, "delete"},
-                                 {&FrmLabels::cmdDuplicate_Click, "duplicate"}}) {
+    // The buttons are disabled then, so the handlers are called as the program's own code would.
+    using Handler = void (FrmLabels::*)();
+    const std::pair<Handler, const char*> handlers[] = {
+        {&FrmLabels::cmdChange_Click, "change"}, {&FrmLabels::cmdDelete_Click, "delete"},
+        {&FrmLabels::cmdDuplicate_Click, "duplicate"}};
+    for (const auto& [handler, word] : handlers) {
         (w->*handler)();
         EXPECT_EQ(lastMessage().text, QStringLiteral("Must select label to %1!").arg(QString::fromLatin1(word)));
         EXPECT_EQ(lastMessage().title, QStringLiteral("No Label Selected"));
