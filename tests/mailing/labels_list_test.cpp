@@ -152,12 +152,13 @@ TEST_F(LabelListTest, DeleteOfFirstMiddleLastAndOnlyLabel)
 
     // With nothing to act on, the handlers say so.
     // The buttons are disabled then, so the handlers are called as the program's own code would.
-    using Handler = void (FrmLabels::*)();
-    const std::pair<Handler, const char*> handlers[] = {
-        {&FrmLabels::cmdChange_Click, "change"}, {&FrmLabels::cmdDelete_Click, "delete"},
-        {&FrmLabels::cmdDuplicate_Click, "duplicate"}};
-    for (const auto& [handler, word] : handlers) {
-        (w->*handler)();
+    for (const char* word : {"change", "delete", "duplicate"}) {
+        if (qstrcmp(word, "change") == 0)
+            w->cmdChange_Click();
+        else if (qstrcmp(word, "delete") == 0)
+            w->cmdDelete_Click();
+        else
+            w->cmdDuplicate_Click();
         EXPECT_EQ(lastMessage().text, QStringLiteral("Must select label to %1!").arg(QString::fromLatin1(word)));
         EXPECT_EQ(lastMessage().title, QStringLiteral("No Label Selected"));
     }
