@@ -10,42 +10,31 @@
 
 namespace hb {
 
-namespace {
-
-template <class T>
-T* place(T* w, const char* name, int left, int top, int width, int height)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
-
-} // namespace
 
 // The left column holds what is copied (the database, the types or the file list), the right one the
 // folder; the same places serve all four modes.
 void FrmBackup::buildControls()
 {
     setFixedSize(ui::px(6480), ui::px(5640));
-    lblFrom = place(new QLabel(QStringLiteral("Back up Quillon Homebook Database from:"), this), "lblFrom", 120, 120, 6240, 255);
-    lblPathDesc = place(new QLabel(this), "lblPathDesc", 360, 420, 6000, 255);
-    txtFileName = place(new QLineEdit(QStringLiteral("Quillon Names.mdb"), this), "txtFileName", 360, 420, 5880, 315);
+    lblFrom = ui::placed(new QLabel(QStringLiteral("Back up Quillon Homebook Database from:"), this), "lblFrom", 120, 120, 6240, 255);
+    lblPathDesc = ui::placed(new QLabel(this), "lblPathDesc", 360, 420, 6000, 255);
+    txtFileName = ui::placed(new QLineEdit(QStringLiteral("Quillon Names.mdb"), this), "txtFileName", 360, 420, 5880, 315);
     txtFileName->setMaxLength(255);
-    lblDatabase = place(new QLabel(QStringLiteral("Database File:"), this), "lblDatabase", 120, 840, 2940, 255);
-    lstDatabase = place(new ui::ListBox(this), "lstDatabase", 120, 1140, 2940, 2760);
-    lstTypes = place(new ui::ListBox(this, false, ui::ListBox::Multi), "lstTypes", 120, 1140, 2940, 2760);
-    File1 = place(new ui::FileListBox(this), "File1", 120, 1140, 2940, 2760);
-    cmdAll = place(new QPushButton(QStringLiteral("&All"), this), "cmdAll", 120, 3980, 1380, 375);
-    cmdClear = place(new QPushButton(QStringLiteral("&Clear"), this), "cmdClear", 1680, 3980, 1380, 375);
+    lblDatabase = ui::placed(new QLabel(QStringLiteral("Database File:"), this), "lblDatabase", 120, 840, 2940, 255);
+    lstDatabase = ui::placed(new ui::ListBox(this), "lstDatabase", 120, 1140, 2940, 2760);
+    lstTypes = ui::placed(new ui::ListBox(this, false, ui::ListBox::Multi), "lstTypes", 120, 1140, 2940, 2760);
+    File1 = ui::placed(new ui::FileListBox(this), "File1", 120, 1140, 2940, 2760);
+    cmdAll = ui::placed(new QPushButton(QStringLiteral("&All"), this), "cmdAll", 120, 3980, 1380, 375);
+    cmdClear = ui::placed(new QPushButton(QStringLiteral("&Clear"), this), "cmdClear", 1680, 3980, 1380, 375);
 
-    lblTo = place(new QLabel(QStringLiteral("To Drive:"), this), "lblTo", 3300, 840, 3060, 255);
-    Label1 = place(new QLabel(QStringLiteral("Directory:"), this), "Label1", 3300, 1140, 3060, 255);
-    Dir1 = place(new ui::DirListBox(this), "Dir1", 3300, 1440, 3060, 2915);
+    lblTo = ui::placed(new QLabel(QStringLiteral("To Drive:"), this), "lblTo", 3300, 840, 3060, 255);
+    Label1 = ui::placed(new QLabel(QStringLiteral("Directory:"), this), "Label1", 3300, 1140, 3060, 255);
+    Dir1 = ui::placed(new ui::DirListBox(this), "Dir1", 3300, 1440, 3060, 2915);
 
-    lblMessage = place(new QLabel(this), "lblMessage", 120, 4560, 6240, 255);
-    cmdOK = place(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 3300, 5100, 1380, 375);
+    lblMessage = ui::placed(new QLabel(this), "lblMessage", 120, 4560, 6240, 255);
+    cmdOK = ui::placed(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 3300, 5100, 1380, 375);
     cmdOK->setDefault(true);
-    cmdCancel = place(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel", 4980, 5100, 1380, 375);
+    cmdCancel = ui::placed(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel", 4980, 5100, 1380, 375);
 }
 
 } // namespace hb

@@ -19,14 +19,6 @@ bool ImportSkipAll = false;
 
 namespace {
 
-template <class T>
-T* place(T* w, const char* name, int left, int top, int width, int height)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
-
 struct Line {
     const char* heading;
     const char* headingCaption;
@@ -79,11 +71,11 @@ FrmImport::FrmImport() : Form(staticFormName(), false)
 
 QGroupBox* FrmImport::buildFrame(const char* name, const char* caption, int left)
 {
-    auto* frame = place(new QGroupBox(QString::fromLatin1(caption), this), name, left, 120, 4380, 2280);
+    auto* frame = ui::placed(new QGroupBox(QString::fromLatin1(caption), this), name, left, 120, 4380, 2280);
     for (int i = 0; i < 7; ++i) {
-        place(new QLabel(QString::fromLatin1(lines[i].headingCaption), frame), lines[i].heading, 120, 300 + i * 270, 1080, 255);
+        ui::placed(new QLabel(QString::fromLatin1(lines[i].headingCaption), frame), lines[i].heading, 120, 300 + i * 270, 1080, 255);
         // Values go in doubled, as captions read a single "&" as an access key.
-        auto* value = place(new ui::CaptionLabel(frame), lines[i].value, 1260, 300 + i * 270, 3000, 255);
+        auto* value = ui::placed(new ui::CaptionLabel(frame), lines[i].value, 1260, 300 + i * 270, 3000, 255);
         value->setTextFormat(Qt::PlainText);
     }
     return frame;
@@ -97,10 +89,10 @@ void FrmImport::buildControls()
     QPushButton** buttons[] = {&cmdAdd, &cmdChange, &cmdChangeAll, &cmdSkip, &cmdSkipAll};
     for (int i = 0; i < 5; ++i) {
         const int top = 2580 + i * 500;
-        *buttons[i] = place(new QPushButton(QString::fromLatin1(answers[i].caption), this), answers[i].button, 120, top, 1440, 375);
+        *buttons[i] = ui::placed(new QPushButton(QString::fromLatin1(answers[i].caption), this), answers[i].button, 120, top, 1440, 375);
         // The same tip on all five, as the window has always had it.
         (*buttons[i])->setToolTip(QStringLiteral("Add Individual"));
-        auto* text = place(new QLabel(QString::fromLatin1(answers[i].text), this), answers[i].label, 1680, top - 30, 7320, 440);
+        auto* text = ui::placed(new QLabel(QString::fromLatin1(answers[i].text), this), answers[i].label, 1680, top - 30, 7320, 440);
         text->setWordWrap(true);
     }
 }

@@ -16,30 +16,19 @@
 
 namespace hb {
 
-namespace {
-
-template <class T>
-T* place(T* w, const char* name, int left, int top, int width, int height)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
-
-} // namespace
 
 FormRetAddr::FormRetAddr() : Form(staticFormName(), false)
 {
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Set Return Address"));
     setFixedSize(ui::px(5600), ui::px(3600));
-    Text1 = place(new QPlainTextEdit(this), "Text1", 120, 120, 5340, 2200);
-    CheckReturnAddress = place(new QCheckBox(QStringLiteral("&Display Return Address"), this), "CheckReturnAddress",
+    Text1 = ui::placed(new QPlainTextEdit(this), "Text1", 120, 120, 5340, 2200);
+    CheckReturnAddress = ui::placed(new QCheckBox(QStringLiteral("&Display Return Address"), this), "CheckReturnAddress",
                                120, 2440, 3200, 315);
-    CommandFont = place(new QPushButton(QStringLiteral("&Font"), this), "CommandFont", 120, 3000, 1200, 375);
-    CommandOk = place(new QPushButton(QStringLiteral("&Ok"), this), "CommandOk", 1500, 3000, 1200, 375);
-    CommandCancel = place(new QPushButton(QStringLiteral("&Cancel"), this), "CommandCancel", 2880, 3000, 1200, 375);
-    CommandHelp = place(new QPushButton(QStringLiteral("&Help"), this), "CommandHelp", 4260, 3000, 1200, 375);
+    CommandFont = ui::placed(new QPushButton(QStringLiteral("&Font"), this), "CommandFont", 120, 3000, 1200, 375);
+    CommandOk = ui::placed(new QPushButton(QStringLiteral("&Ok"), this), "CommandOk", 1500, 3000, 1200, 375);
+    CommandCancel = ui::placed(new QPushButton(QStringLiteral("&Cancel"), this), "CommandCancel", 2880, 3000, 1200, 375);
+    CommandHelp = ui::placed(new QPushButton(QStringLiteral("&Help"), this), "CommandHelp", 4260, 3000, 1200, 375);
     connectHandler(CommandFont, &QPushButton::clicked, this, &FormRetAddr::CommandFont_Click);
     connectHandler(CommandOk, &QPushButton::clicked, this, &FormRetAddr::CommandOk_Click);
     connectHandler(CommandCancel, &QPushButton::clicked, this, &FormRetAddr::CommandCancel_Click);

@@ -17,17 +17,6 @@
 
 namespace hb {
 
-namespace {
-
-template <class T>
-T* place(T* w, const char* name, int left, int top, int width, int height)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
-
-} // namespace
 
 FrmEditLabel::FrmEditLabel() : Form(staticFormName(), false)
 {
@@ -41,22 +30,22 @@ FrmEditLabel::FrmEditLabel() : Form(staticFormName(), false)
 void FrmEditLabel::buildControls()
 {
     setFixedSize(ui::px(5400), ui::px(3500));
-    lblName = place(new QLabel(QStringLiteral("Name:"), this), "lblName", 120, 120, 5000, 255);
-    txtName = place(new QLineEdit(this), "txtName", 120, 380, 5100, 315);
-    lblAddress1 = place(new QLabel(QStringLiteral("Address:"), this), "lblAddress1", 120, 800, 5000, 255);
-    txtAddress1 = place(new QLineEdit(this), "txtAddress1", 120, 1060, 5100, 315);
-    lblAddress2 = place(new QLabel(QStringLiteral("Address:"), this), "lblAddress2", 120, 1480, 5000, 255);
-    txtAddress2 = place(new QLineEdit(this), "txtAddress2", 120, 1740, 5100, 315);
-    lblCityStateZip = place(new QLabel(QStringLiteral("City, State/Province  Zip/Postal Code:"), this), "lblCityStateZip",
+    lblName = ui::placed(new QLabel(QStringLiteral("Name:"), this), "lblName", 120, 120, 5000, 255);
+    txtName = ui::placed(new QLineEdit(this), "txtName", 120, 380, 5100, 315);
+    lblAddress1 = ui::placed(new QLabel(QStringLiteral("Address:"), this), "lblAddress1", 120, 800, 5000, 255);
+    txtAddress1 = ui::placed(new QLineEdit(this), "txtAddress1", 120, 1060, 5100, 315);
+    lblAddress2 = ui::placed(new QLabel(QStringLiteral("Address:"), this), "lblAddress2", 120, 1480, 5000, 255);
+    txtAddress2 = ui::placed(new QLineEdit(this), "txtAddress2", 120, 1740, 5100, 315);
+    lblCityStateZip = ui::placed(new QLabel(QStringLiteral("City, State/Province  Zip/Postal Code:"), this), "lblCityStateZip",
                             120, 2160, 5000, 255);
-    txtCityStateZip = place(new QLineEdit(this), "txtCityStateZip", 120, 2420, 5100, 315);
+    txtCityStateZip = ui::placed(new QLineEdit(this), "txtCityStateZip", 120, 2420, 5100, 315);
     for (QLineEdit* t : {txtName, txtAddress1, txtAddress2, txtCityStateZip}) {
         t->setMaxLength(50);
         t->installEventFilter(this);
     }
-    cmdOK = place(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 2640, 2940, 1200, 375);
+    cmdOK = ui::placed(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 2640, 2940, 1200, 375);
     cmdOK->setDefault(true);
-    cmdCancel = place(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel", 4020, 2940, 1200, 375);
+    cmdCancel = ui::placed(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel", 4020, 2940, 1200, 375);
 }
 
 void FrmEditLabel::formLoad()

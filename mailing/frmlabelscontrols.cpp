@@ -12,14 +12,6 @@ namespace hb {
 
 namespace {
 
-template <class T>
-T* place(T* w, const char* name, int left, int top, int width, int height)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-    return w;
-}
-
 QPushButton* button(QWidget* parent, const char* caption, const char* tip)
 {
     auto* b = new QPushButton(QString::fromLatin1(caption), parent);
@@ -35,31 +27,31 @@ QLabel* label(QWidget* parent, const char* caption) { return new QLabel(QString:
 void FrmLabels::buildControls()
 {
     setFixedSize(ui::px(11400), ui::px(6600));
-    lblHelp1 = place(label(this, "1. Select Types"), "lblHelp1", 120, 120, 3000, 255);
-    lblHelp2 = place(label(this, ""), "lblHelp2", 3360, 120, 3600, 255);
-    lblHelp3 = place(label(this, ""), "lblHelp3", 7200, 120, 4100, 255);
-    lblHelp4 = place(label(this, "4. Click Print Preview"), "lblHelp4", 7200, 5520, 4000, 255);
-    lblSelectList1 = place(label(this, "Select Types"), "lblSelectList1", 120, 480, 3000, 255);
-    lblSelectList2 = place(label(this, ""), "lblSelectList2", 3360, 480, 3600, 255);
-    lblSelectList3 = place(label(this, "0 Labels Selected"), "lblSelectList3", 7200, 480, 4000, 255);
+    lblHelp1 = ui::placed(label(this, "1. Select Types"), "lblHelp1", 120, 120, 3000, 255);
+    lblHelp2 = ui::placed(label(this, ""), "lblHelp2", 3360, 120, 3600, 255);
+    lblHelp3 = ui::placed(label(this, ""), "lblHelp3", 7200, 120, 4100, 255);
+    lblHelp4 = ui::placed(label(this, "4. Click Print Preview"), "lblHelp4", 7200, 5520, 4000, 255);
+    lblSelectList1 = ui::placed(label(this, "Select Types"), "lblSelectList1", 120, 480, 3000, 255);
+    lblSelectList2 = ui::placed(label(this, ""), "lblSelectList2", 3360, 480, 3600, 255);
+    lblSelectList3 = ui::placed(label(this, "0 Labels Selected"), "lblSelectList3", 7200, 480, 4000, 255);
 
-    lstTypes = place(new ui::ListBox(this, false, ui::ListBox::Multi), "lstTypes", 120, 780, 3000, 4200);
-    lstSelections = place(new ui::ListBox(this, true, ui::ListBox::Multi), "lstSelections", 3360, 780, 3600, 4200);
-    lstLabels = place(new ui::ListBox(this), "lstLabels", 7200, 780, 4080, 4200);
+    lstTypes = ui::placed(new ui::ListBox(this, false, ui::ListBox::Multi), "lstTypes", 120, 780, 3000, 4200);
+    lstSelections = ui::placed(new ui::ListBox(this, true, ui::ListBox::Multi), "lstSelections", 3360, 780, 3600, 4200);
+    lstLabels = ui::placed(new ui::ListBox(this), "lstLabels", 7200, 780, 4080, 4200);
     // Padding rows are empty; every row keeps the height of a line of text all the same.
     lstLabels->setUniformItemSizes(true);
 
-    cmdTypesSelect = place(button(this, "Select All", "Select All Types"), "cmdTypesSelect", 120, 5100, 1440, 375);
-    cmdTypesClear = place(button(this, "Clear", "Clear Types"), "cmdTypesClear", 1680, 5100, 1440, 375);
-    cmdLabelsSelect = place(button(this, "Select All", "Select All For Labels"), "cmdLabelsSelect", 3360, 5100, 1740, 375);
-    cmdLabelsClear = place(button(this, "Clear", "Clear All Labels"), "cmdLabelsClear", 5220, 5100, 1740, 375);
-    cmdInsert = place(button(this, "Insert", "Insert Label"), "cmdInsert", 7200, 5100, 960, 375);
-    cmdChange = place(button(this, "Change", "Change Label"), "cmdChange", 8220, 5100, 960, 375);
-    cmdDelete = place(button(this, "Delete", "Delete Label"), "cmdDelete", 9240, 5100, 960, 375);
-    cmdDuplicate = place(button(this, "Dup", "Duplicate Label"), "cmdDuplicate", 10260, 5100, 1020, 375);
-    CheckCountry = place(new QCheckBox(QStringLiteral("Include Country on Labels"), this), "CheckCountry", 120, 5600, 3600, 315);
-    cmdPrint = place(button(this, "&Print Preview", "Print Preview Screen"), "cmdPrint", 7200, 5940, 2000, 435);
-    cmdClose = place(button(this, "Close", nullptr), "cmdClose", 9360, 5940, 1920, 435);
+    cmdTypesSelect = ui::placed(button(this, "Select All", "Select All Types"), "cmdTypesSelect", 120, 5100, 1440, 375);
+    cmdTypesClear = ui::placed(button(this, "Clear", "Clear Types"), "cmdTypesClear", 1680, 5100, 1440, 375);
+    cmdLabelsSelect = ui::placed(button(this, "Select All", "Select All For Labels"), "cmdLabelsSelect", 3360, 5100, 1740, 375);
+    cmdLabelsClear = ui::placed(button(this, "Clear", "Clear All Labels"), "cmdLabelsClear", 5220, 5100, 1740, 375);
+    cmdInsert = ui::placed(button(this, "Insert", "Insert Label"), "cmdInsert", 7200, 5100, 960, 375);
+    cmdChange = ui::placed(button(this, "Change", "Change Label"), "cmdChange", 8220, 5100, 960, 375);
+    cmdDelete = ui::placed(button(this, "Delete", "Delete Label"), "cmdDelete", 9240, 5100, 960, 375);
+    cmdDuplicate = ui::placed(button(this, "Dup", "Duplicate Label"), "cmdDuplicate", 10260, 5100, 1020, 375);
+    CheckCountry = ui::placed(new QCheckBox(QStringLiteral("Include Country on Labels"), this), "CheckCountry", 120, 5600, 3600, 315);
+    cmdPrint = ui::placed(button(this, "&Print Preview", "Print Preview Screen"), "cmdPrint", 7200, 5940, 2000, 435);
+    cmdClose = ui::placed(button(this, "Close", nullptr), "cmdClose", 9360, 5940, 1920, 435);
 }
 
 void FrmLabels::connectControls()
