@@ -1,5 +1,8 @@
 // The address book's windows as the frame and the other subsystems reach them.
 
+#include "addressbook/addressbookroutes.h"
+
+#include "addressbook/frmaddressbook.h"
 #include "addressbook/frmnameyourown.h"
 #include "addressbook/frmsearch.h"
 #include "core/routes.h"
@@ -7,9 +10,12 @@
 
 namespace hb {
 
-void showNameYourOwn() { forms::get<FrmNameYourOwn>().setFormVisible(true); }
-
-// Each opening starts afresh: the window unloads itself on every way out.
-void showSearch() { ui::showModal(forms::get<FrmSearch>()); }
+void registerAddressBookRoutes()
+{
+    setRoute(RouteId::AddressBook, [] { forms::get<FrmAddressBook>().setFormVisible(true); });
+    setRoute(RouteId::NameYourOwn, [] { forms::get<FrmNameYourOwn>().setFormVisible(true); });
+    // Each opening starts afresh: the window unloads itself on every way out.
+    setRoute(RouteId::Search, [] { ui::showModal(forms::get<FrmSearch>()); });
+}
 
 } // namespace hb

@@ -2,6 +2,7 @@
 
 #include "core/handlers.h"
 #include "core/options.h"
+#include "platform/ui/buttons.h"
 #include "platform/ui/twips.h"
 
 #include <QCheckBox>
@@ -57,7 +58,7 @@ void FormNoListby::CommandNo_Click() { answer(QStringLiteral("no")); }
 // Either answer stores the box as option 51, where 1 means: do not ask any more.
 void FormNoListby::answer(const QString& tag)
 {
-    SetNOption(51, *CheckDontAsk);
+    SetNOption(51, ui::checkValue(*CheckDontAsk));
     Tag = tag;
     setFormVisible(false);
 }

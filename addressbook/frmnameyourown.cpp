@@ -1,6 +1,6 @@
 #include "addressbook/frmnameyourown.h"
 
-#include "addressbook/windowkeys.h"
+#include "platform/ui/windowkeys.h"
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/misc.h"
@@ -269,7 +269,7 @@ void FrmNameYourOwn::cmdClose_Click()
 
 void FrmNameYourOwn::keyPressEvent(QKeyEvent* event)
 {
-    if (!pressWindowButton(event, cmdOK, cmdClose))
+    if (!ui::pressWindowButton(event, cmdOK, cmdClose))
         Form::keyPressEvent(event);
 }
 

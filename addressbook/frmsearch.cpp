@@ -1,7 +1,7 @@
 #include "addressbook/frmsearch.h"
 
 #include "addressbook/frmaddressbook.h"
-#include "addressbook/windowkeys.h"
+#include "platform/ui/windowkeys.h"
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/misc.h"
@@ -164,7 +164,7 @@ void FrmSearch::cmdClose_Click() { forms::unload(staticFormName()); }
 
 void FrmSearch::keyPressEvent(QKeyEvent* event)
 {
-    if (!pressWindowButton(event, cmdSearch, cmdClose))
+    if (!ui::pressWindowButton(event, cmdSearch, cmdClose))
         Form::keyPressEvent(event);
 }
 

@@ -2,6 +2,7 @@
 
 #include "addressbook/frmsearch.h"
 
+#include "platform/ui/buttons.h"
 #include "platform/ui/listbox.h"
 #include "platform/ui/onelinebox.h"
 #include "platform/ui/twips.h"
@@ -14,70 +15,39 @@
 
 namespace hb {
 
-namespace {
-
-void place(QWidget* w, int left, int top, int width, int height)
-{
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-}
-
-template <class T>
-T* named(T* widget, const char* name)
-{
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
-
-QCheckBox* check(QWidget* parent, const char* name, const char* caption, int left, int top, int width)
-{
-    auto* box = named(new QCheckBox(QString::fromLatin1(caption), parent), name);
-    place(box, left, top, width, 285);
-    return box;
-}
-
-QPushButton* button(QWidget* parent, const char* name, const char* caption, int left, int top, int width)
-{
-    auto* b = named(new QPushButton(QString::fromLatin1(caption), parent), name);
-    place(b, left, top, width, 375);
-    return b;
-}
-
-} // namespace
-
 void FrmSearch::buildControls()
 {
     setWindowTitle(QStringLiteral("Find"));
     setFixedSize(ui::px(7440), ui::px(5280));
     buildLevelFrame();
     buildFieldFrame();
-    lblShowTypes = named(new QLabel(QStringLiteral("Search Text:"), this), "lblShowTypes");
-    place(lblShowTypes, 3480, 150, 3840, 255);
+    lblShowTypes = ui::placed(new QLabel(QStringLiteral("Search Text:"), this),
+        QStringLiteral("lblShowTypes"), 3480, 150, 3840, 255);
     // Reaching the box by Tab selects its whole text: Qt's line edit does that by itself.
-    txtSearchText = named(new QLineEdit(this), "txtSearchText");
+    txtSearchText = new QLineEdit(this);
     ui::keepOneLine(txtSearchText);
     txtSearchText->setMaxLength(20);
-    place(txtSearchText, 3480, 420, 3840, 315);
-    Label1 = named(new QLabel(QStringLiteral("Search Results:"), this), "Label1");
-    place(Label1, 3480, 870, 3840, 255);
-    lstFind = named(new ui::ListBox(this, true), "lstFind");
-    place(lstFind, 3480, 1140, 3840, 3300);
-    cmdSearch = button(this, "cmdSearch", "&Find Now", 3480, 4680, 1200);
-    cmdSelect = button(this, "cmdSelect", "Select", 4800, 4680, 1200);
-    cmdClose = button(this, "cmdClose", "Close", 6120, 4680, 1200);
+    ui::placed(txtSearchText, QStringLiteral("txtSearchText"), 3480, 420, 3840, 315);
+    Label1 = ui::placed(new QLabel(QStringLiteral("Search Results:"), this),
+        QStringLiteral("Label1"), 3480, 870, 3840, 255);
+    lstFind = ui::placed(new ui::ListBox(this, true), QStringLiteral("lstFind"), 3480, 1140, 3840, 3300);
+    cmdSearch = ui::pushButton(this, "cmdSearch", "&Find Now", 3480, 4680, 1200);
+    cmdSelect = ui::pushButton(this, "cmdSelect", "Select", 4800, 4680, 1200);
+    cmdClose = ui::pushButton(this, "cmdClose", "Close", 6120, 4680, 1200);
 }
 
 void FrmSearch::buildLevelFrame()
 {
-    Frame1 = named(new QGroupBox(QStringLiteral("Search Level"), this), "Frame1");
-    place(Frame1, 120, 60, 3240, 1020);
-    chkHouseholds = check(Frame1, "chkHouseholds", "Households, Businesses, etc.", 180, 300, 2940);
-    chkIndividuals = check(Frame1, "chkIndividuals", "Individuals", 180, 630, 2940);
+    Frame1 = ui::placed(new QGroupBox(QStringLiteral("Search Level"), this),
+        QStringLiteral("Frame1"), 120, 60, 3240, 1020);
+    chkHouseholds = ui::checkBox(Frame1, "chkHouseholds", "Households, Businesses, etc.", 180, 300, 2940);
+    chkIndividuals = ui::checkBox(Frame1, "chkIndividuals", "Individuals", 180, 630, 2940);
 }
 
 void FrmSearch::buildFieldFrame()
 {
-    fraSelect = named(new QGroupBox(QStringLiteral("Search Fields"), this), "fraSelect");
-    place(fraSelect, 120, 1200, 3240, 3480);
+    fraSelect = ui::placed(new QGroupBox(QStringLiteral("Search Fields"), this),
+        QStringLiteral("fraSelect"), 120, 1200, 3240, 3480);
     struct Box { QCheckBox** box; const char* name; const char* caption; };
     const Box boxes[] = {{&chkName, "chkName", "Name"},         {&chkAddress, "chkAddress", "Address"},
                          {&chkCity, "chkCity", "City"},         {&chkState, "chkState", "State/Prov"},
@@ -87,9 +57,10 @@ void FrmSearch::buildFieldFrame()
                          {&chkWork, "chkWork", "Work"},         {&chkNotes, "chkNotes", "Notes"}};
     // Two columns of six, read down the first column and then the second.
     for (int i = 0; i < 12; ++i)
-        *boxes[i].box = check(fraSelect, boxes[i].name, boxes[i].caption, i < 6 ? 180 : 1680, 330 + (i % 6) * 390, 1440);
-    cmdAll = button(fraSelect, "cmdAll", "&All", 180, 2820, 1320);
-    cmdClear = button(fraSelect, "cmdClear", "&Clear", 1680, 2820, 1320);
+        *boxes[i].box =
+            ui::checkBox(fraSelect, boxes[i].name, boxes[i].caption, i < 6 ? 180 : 1680, 330 + (i % 6) * 390, 1440);
+    cmdAll = ui::pushButton(fraSelect, "cmdAll", "&All", 180, 2820, 1320);
+    cmdClear = ui::pushButton(fraSelect, "cmdClear", "&Clear", 1680, 2820, 1320);
 }
 
 QList<QCheckBox*> FrmSearch::fieldBoxes() const

@@ -1,3 +1,4 @@
+#include "app/programroutes.h"
 #include "core/application.h"
 #include "core/errors.h"
 #include "core/frmmdi.h"
@@ -5,6 +6,7 @@
 int main(int argc, char** argv)
 {
     hb::Application app(argc, argv);
+    hb::registerProgramRoutes();
     hb::FrmMDI frame;
     frame.show();
     if (!hb::runGuarded(QStringLiteral("FrmMDI"), [&] { frame.MDIForm_Load(); }))

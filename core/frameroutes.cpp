@@ -9,7 +9,6 @@
 #include "core/routes.h"
 #include "core/session.h"
 #include "core/setup.h"
-#include "tools/formabout.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -150,11 +149,6 @@ void FrmMDI::mnuGettingStarted_Click() { ShowHelpContents(); }
 
 void FrmMDI::mnuFAQ_Click() { ShowHelpTopic(QStringLiteral("2380")); }
 
-void FrmMDI::mnuAbout_Click()
-{
-    FormAbout& about = forms::get<FormAbout>();
-    CenterForm(about);
-    about.setFormVisible(true);
-}
+void FrmMDI::mnuAbout_Click() { showAbout(); }
 
 } // namespace hb

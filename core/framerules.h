@@ -2,11 +2,11 @@
 
 // Which font record and which window's routine the frame's routes use for each ReportType.
 
+#include "core/routes.h"
+
 #include <QString>
 
 namespace hb {
-
-using Route = void (*)();
 
 // The Font record of a report: "A" 3, "P" 4, "D" 5, "C" 6, "B" 7, "M" and "L" 2; 0 when there is none.
 int reportFontId(const QString& reportType);

@@ -7,7 +7,6 @@
 #include "core/setup.h"
 #include "platform/ui/twips.h"
 #include "platform/ui/windowservice.h"
-#include "tools/formabout.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -48,14 +47,12 @@ void FrmMDI::MDIForm_Load()
 {
     AboutAtStart = true;
     ReturnToListings = true;
-    FormAbout& about = forms::get<FormAbout>();
-    if (DisplayAbout != 1) {
-        about.setFormVisible(false);
+    // The about window's load brings the session up and hides the window unless it shows at start.
+    loadAbout();
+    if (DisplayAbout != 1)
         showAddressBook();
-    } else {
-        CenterForm(about);
-        about.setFormVisible(true);
-    }
+    else
+        showAbout();
 }
 
 void FrmMDI::resizeEvent(QResizeEvent* event)

@@ -4,7 +4,6 @@
 #include "core/misc.h"
 #include "core/session.h"
 
-#include <QCheckBox>
 #include <algorithm>
 #include <cmath>
 
@@ -65,7 +64,6 @@ double GetNOption(int number)
 void SetNOption(int number, double value) { setNumber(number, value); }
 void SetNOption(int number, int value) { setNumber(number, value); }
 void SetNOption(int number, bool value) { setNumber(number, value ? -1 : 0); }
-void SetNOption(int number, const QCheckBox& box) { setNumber(number, CheckValue(box)); }
 
 QString GetSOption(int number)
 {
@@ -223,21 +221,5 @@ bool LoadFont(int id, QFont& target)
 }
 
 void SaveFont(int id, const QFont& source) { SaveFontRecord(id, FontRecord::fromFont(source)); }
-
-int CheckValue(const QCheckBox& box)
-{
-    switch (box.checkState()) {
-    case Qt::Checked: return 1;
-    case Qt::PartiallyChecked: return 2;
-    default: return 0;
-    }
-}
-
-void SetCheckValue(QCheckBox& box, int value)
-{
-    if (value == 2)
-        box.setTristate(true);
-    box.setCheckState(value == 1 ? Qt::Checked : value == 2 ? Qt::PartiallyChecked : Qt::Unchecked);
-}
 
 } // namespace hb

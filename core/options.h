@@ -7,15 +7,12 @@
 #include <QString>
 #include <QVariant>
 
-class QCheckBox;
-
 namespace hb {
 
 double GetNOption(int number);                       // a missing row reads -1
 void SetNOption(int number, double value);
-void SetNOption(int number, int value);
+void SetNOption(int number, int value);              // a check box's value is 0, 1 or 2 (grey)
 void SetNOption(int number, bool value);             // True is stored as -1
-void SetNOption(int number, const QCheckBox& box);   // the box's value: 0, 1 or 2 (grey)
 QString GetSOption(int number);
 void SetSOption(int number, const QString& value);
 QString GetMemoOption(int number);
@@ -53,9 +50,5 @@ bool LoadFont(int id, QFont& target);
 void SaveFont(int id, const QFont& source);
 bool LoadFontRecord(int id, FontRecord& target);
 void SaveFontRecord(int id, const FontRecord& source);
-
-// The value of a check box as the option tables keep it, and back.
-int CheckValue(const QCheckBox& box);
-void SetCheckValue(QCheckBox& box, int value);
 
 } // namespace hb

@@ -1,9 +1,32 @@
 #pragma once
 
-// Public operations of windows that the frame and other subsystems reach by name. Each is defined in the
-// subsystem that owns its window.
+// Public operations of windows that the frame and other subsystems reach by name. The core owns the table
+// of them; each subsystem fills the entries of its own windows once at start (its register function,
+// called from the program's start-up), so that nothing here depends on a subsystem's window.
 
 namespace hb {
+
+using Route = void (*)();
+
+enum class RouteId {
+    // Address book.
+    AddressBook, NameYourOwn, Search,
+    // Reports.
+    LoadAddressReport, PrintAddressReport, AddressReportPrinterSetup, AddressReportPreview, PageSetup,
+    SelectPrinter, LoadBirthdayReport, PrintBirthdayReport, BirthdayReportPreview, BirthdayReportPageSetup,
+    BirthdayReportFormatCompute, BirthdayReportCompute,
+    // Labels and mail pieces.
+    Labels, LabelsPrint, PrintMailPiece, MailPiecePageSetup, ReloadMailPiecePreview, ReturnAddress,
+    // Data exchange.
+    Backup, Import,
+    // Tools.
+    Options, Dialer, LoadAbout, About,
+    Count
+};
+
+void setRoute(RouteId id, Route route);
+// nullptr for an entry no subsystem has filled: calling it does nothing but leave a line in the debug log.
+Route routeOf(RouteId id);
 
 // Address book.
 void showAddressBook();            // frmAddressBook visible; loads it when it is not loaded
@@ -39,6 +62,10 @@ void showImport();                 // FormImport, modally
 // Tools.
 void showOptions();                // FormOptions, modally
 void showDialer();                 // frmDial, modally, for DialNumber
-void showDebugWindow();            // FormDebug, non-modally
+void loadAbout();                  // load FormAbout hidden: its load brings the session up
+void showAbout();                  // FormAbout centred and shown modelessly
+
+// The core's own debug window, non-modally.
+void showDebugWindow();
 
 } // namespace hb

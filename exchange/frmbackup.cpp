@@ -149,6 +149,4 @@ void FrmBackup::cmdOK_Click()
         backUpOrRestore();
 }
 
-void showBackup() { forms::get<FrmBackup>().setFormVisible(true); }
-
 } // namespace hb

@@ -1,11 +1,18 @@
-// The import window as the frame reaches it.
+// The data exchange windows as the frame reaches them.
+
+#include "exchange/importroutes.h"
 
 #include "core/routes.h"
 #include "exchange/formimport.h"
+#include "exchange/frmbackup.h"
 #include "platform/ui/windowservice.h"
 
 namespace hb {
 
-void showImport() { ui::showModal(forms::get<FormImport>()); }
+void registerExchangeRoutes()
+{
+    setRoute(RouteId::Backup, [] { forms::get<FrmBackup>().setFormVisible(true); });
+    setRoute(RouteId::Import, [] { ui::showModal(forms::get<FormImport>()); });
+}
 
 } // namespace hb

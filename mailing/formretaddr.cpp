@@ -7,6 +7,7 @@
 #include "core/session.h"
 #include "mailing/frmmailit.h"
 #include "platform/label/labelcontrol.h"
+#include "platform/ui/buttons.h"
 #include "platform/ui/twips.h"
 #include "platform/ui/windowservice.h"
 
@@ -56,7 +57,7 @@ void FormRetAddr::CommandOk_Click()
 {
     SaveFont(1, Text1->font());
     SetMemoOption(1, Text1->toPlainText());
-    SetNOption(6, *CheckReturnAddress);
+    SetNOption(6, ui::checkValue(*CheckReturnAddress));
     if (ReportType == QLatin1String("L") || ReportType == QLatin1String("M")) {
         if (FrmMailIt* preview = forms::loaded<FrmMailIt>()) {
             preview->ezLabel().setRedraw(false);

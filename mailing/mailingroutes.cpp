@@ -1,3 +1,7 @@
+// The label and mail piece windows as the frame and the other subsystems reach them.
+
+#include "mailing/mailingroutes.h"
+
 #include "core/forms.h"
 #include "core/routes.h"
 #include "mailing/formretaddr.h"
@@ -8,36 +12,40 @@
 
 namespace hb {
 
-void showLabels()
+namespace {
+
+void showLabelList()
 {
     FrmLabels& labels = forms::get<FrmLabels>();
     labels.setFormVisible(true);
     labels.show();
 }
 
-void showReturnAddress() { ui::showModal(forms::get<FormRetAddr>()); }
-
-void labelsPrint() { forms::get<FrmLabels>().cmdPrint_Click(); }
-
-void printMailPiece()
-{
-    if (FrmMailIt* preview = forms::loaded<FrmMailIt>())
-        preview->PrintItNow();
-}
-
-void mailPiecePageSetup()
-{
-    if (FrmMailIt* preview = forms::loaded<FrmMailIt>())
-        preview->PageSetup();
-}
-
 // Fonts or piece fields changed: the pieces are built again.
-void reloadMailPiecePreview()
+void reloadPreview()
 {
     if (FrmMailIt* preview = forms::loaded<FrmMailIt>()) {
         preview->ezLabel().clearPieces();
         preview->LoadMailIt();
     }
+}
+
+} // namespace
+
+void registerMailingRoutes()
+{
+    setRoute(RouteId::Labels, showLabelList);
+    setRoute(RouteId::ReturnAddress, [] { ui::showModal(forms::get<FormRetAddr>()); });
+    setRoute(RouteId::LabelsPrint, [] { forms::get<FrmLabels>().cmdPrint_Click(); });
+    setRoute(RouteId::PrintMailPiece, [] {
+        if (FrmMailIt* preview = forms::loaded<FrmMailIt>())
+            preview->PrintItNow();
+    });
+    setRoute(RouteId::MailPiecePageSetup, [] {
+        if (FrmMailIt* preview = forms::loaded<FrmMailIt>())
+            preview->PageSetup();
+    });
+    setRoute(RouteId::ReloadMailPiecePreview, reloadPreview);
 }
 
 } // namespace hb

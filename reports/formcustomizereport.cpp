@@ -6,6 +6,7 @@
 #include "core/options.h"
 #include "core/routes.h"
 #include "core/session.h"
+#include "platform/ui/buttons.h"
 #include "platform/ui/twips.h"
 
 #include <QCheckBox>
@@ -75,7 +76,7 @@ void FormCustomizeReport::CommandOk_Click()
 {
     const int d = optionOffset();
     for (int i = First; i <= Last; ++i)
-        SetNOption(i + d, *checkItem(i));
+        SetNOption(i + d, ui::checkValue(*checkItem(i)));
     SetFramePointer(11);
     setFormVisible(false);
     QCoreApplication::processEvents();

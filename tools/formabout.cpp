@@ -7,6 +7,7 @@
 #include "core/routes.h"
 #include "core/session.h"
 #include "core/setup.h"
+#include "platform/ui/buttons.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -122,12 +123,12 @@ void FormAbout::cmdOK_Click()
     setFormVisible(false);
     if (AboutAtStart) {
         AboutAtStart = false;
-        DisplayAbout = CheckValue(*CheckDisplayAbout);
+        DisplayAbout = ui::checkValue(*CheckDisplayAbout);
         showAddressBook();
     }
 }
 
-void FormAbout::CheckDisplayAbout_Click() { SetNOption(5, *CheckDisplayAbout); }
+void FormAbout::CheckDisplayAbout_Click() { SetNOption(5, ui::checkValue(*CheckDisplayAbout)); }
 
 bool FormAbout::eventFilter(QObject* watched, QEvent* event)
 {

@@ -1,7 +1,8 @@
 #include "tools/formoptions.h"
 #include "core/handlers.h"
 
-#include "addressbook/windowkeys.h"
+#include "platform/ui/buttons.h"
+#include "platform/ui/windowkeys.h"
 #include "core/helpers.h"
 #include "core/options.h"
 #include "core/routes.h"
@@ -16,38 +17,6 @@
 #include <QPushButton>
 
 namespace hb {
-
-namespace {
-
-void place(QWidget* w, int left, int top, int width, int height)
-{
-    w->setGeometry(ui::px(left), ui::px(top), ui::px(width), ui::px(height));
-}
-
-template <class T>
-T* named(T* widget, const char* name)
-{
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
-
-QCheckBox* check(QWidget* parent, const char* name, const char* caption, int left, int top, int width)
-{
-    auto* box = named(new QCheckBox(QString::fromLatin1(caption), parent), name);
-    place(box, left, top, width, 285);
-    return box;
-}
-
-QPushButton* button(QWidget* parent, const char* name, const char* caption, int left, int top, int width)
-{
-    auto* b = named(new QPushButton(QString::fromLatin1(caption), parent), name);
-    place(b, left, top, width, 375);
-    return b;
-}
-
-} // namespace
-
-void showOptions() { ui::showModal(forms::get<FormOptions>()); }
 
 void CenterObject(const ui::TabStrip& container, QWidget& object)
 {
@@ -65,36 +34,37 @@ void FormOptions::buildControls()
 {
     setWindowTitle(QStringLiteral("Options"));
     setFixedSize(ui::px(5400), ui::px(4080));
-    TabStrip1 = named(new ui::TabStrip(this), "TabStrip1");
-    place(TabStrip1, 120, 120, 5160, 2400);
+    TabStrip1 = ui::placed(new ui::TabStrip(this), QStringLiteral("TabStrip1"), 120, 120, 5160, 2400);
     TabStrip1->addTab(QStringLiteral("reports"), QStringLiteral("Reports"), QStringLiteral("Report Options"));
     TabStrip1->addTab(QStringLiteral("envelopes"), QStringLiteral("Envelopes/Postcards"),
                       QStringLiteral("Envelope and Postcard Options"));
     buildFrames();
-    CommandOk = button(this, "CommandOk", "&Ok", 1440, 3540, 1200);
+    CommandOk = ui::pushButton(this, "CommandOk", "&Ok", 1440, 3540, 1200);
     CommandOk->setDefault(true);
-    CommandCancel = button(this, "CommandCancel", "&Cancel", 2760, 3540, 1200);
-    CommandHelp = button(this, "CommandHelp", "&Help", 4080, 3540, 1200);
+    CommandCancel = ui::pushButton(this, "CommandCancel", "&Cancel", 2760, 3540, 1200);
+    CommandHelp = ui::pushButton(this, "CommandHelp", "&Help", 4080, 3540, 1200);
 }
 
 void FormOptions::buildFrames()
 {
-    FrameReportSettings = named(new QGroupBox(QStringLiteral("Display Report Footer"), this), "FrameReportSettings");
-    place(FrameReportSettings, 0, 0, 3000, 1500);
-    CheckDate = check(FrameReportSettings, "CheckDate", "Date", 240, 360, 2520);
-    CheckNameIndex = check(FrameReportSettings, "CheckNameIndex", "Name Index", 240, 720, 2520);
-    CheckPageNumber = check(FrameReportSettings, "CheckPageNumber", "Page Number", 240, 1080, 2520);
+    FrameReportSettings = ui::placed(new QGroupBox(QStringLiteral("Display Report Footer"), this),
+        QStringLiteral("FrameReportSettings"), 0, 0, 3000, 1500);
+    CheckDate = ui::checkBox(FrameReportSettings, "CheckDate", "Date", 240, 360, 2520);
+    CheckNameIndex = ui::checkBox(FrameReportSettings, "CheckNameIndex", "Name Index", 240, 720, 2520);
+    CheckPageNumber = ui::checkBox(FrameReportSettings, "CheckPageNumber", "Page Number", 240, 1080, 2520);
 
-    FrameEnvelopeSettings = named(new QGroupBox(QStringLiteral("Envelope Settings"), this), "FrameEnvelopeSettings");
-    place(FrameEnvelopeSettings, 0, 0, 3840, 1620);
-    CheckDisplayReturn = check(FrameEnvelopeSettings, "CheckDisplayReturn", "Display &Return Address", 240, 360, 3360);
-    CheckDisplayStamp = check(FrameEnvelopeSettings, "CheckDisplayStamp", "Display &Stamp Placeholder", 240, 720, 3360);
-    CommandRetAddr = button(FrameEnvelopeSettings, "CommandRetAddr", "Set Return Address...", 240, 1080, 2400);
+    FrameEnvelopeSettings = ui::placed(new QGroupBox(QStringLiteral("Envelope Settings"), this),
+        QStringLiteral("FrameEnvelopeSettings"), 0, 0, 3840, 1620);
+    CheckDisplayReturn =
+        ui::checkBox(FrameEnvelopeSettings, "CheckDisplayReturn", "Display &Return Address", 240, 360, 3360);
+    CheckDisplayStamp =
+        ui::checkBox(FrameEnvelopeSettings, "CheckDisplayStamp", "Display &Stamp Placeholder", 240, 720, 3360);
+    CommandRetAddr = ui::pushButton(FrameEnvelopeSettings, "CommandRetAddr", "Set Return Address...", 240, 1080, 2400);
 
     // Labels and envelopes alike: it stays in view whichever tab is up.
-    FrameGeneralSettings = named(new QGroupBox(QStringLiteral("Label and Envelope Settings"), this), "FrameGeneralSettings");
-    place(FrameGeneralSettings, 120, 2640, 5160, 720);
-    CheckDisplayBarcode = check(FrameGeneralSettings, "CheckDisplayBarcode", "Display &Barcode", 240, 300, 3360);
+    FrameGeneralSettings = ui::placed(new QGroupBox(QStringLiteral("Label and Envelope Settings"), this),
+        QStringLiteral("FrameGeneralSettings"), 120, 2640, 5160, 720);
+    CheckDisplayBarcode = ui::checkBox(FrameGeneralSettings, "CheckDisplayBarcode", "Display &Barcode", 240, 300, 3360);
 }
 
 void FormOptions::connectHandlers()
@@ -130,12 +100,12 @@ void FormOptions::TabStrip1_Click()
 
 void FormOptions::CommandOk_Click()
 {
-    SetNOption(6, *CheckDisplayReturn);
-    SetNOption(7, *CheckDisplayStamp);
-    SetNOption(8, *CheckDisplayBarcode);
-    SetNOption(100, *CheckDate);
-    SetNOption(101, *CheckNameIndex);
-    SetNOption(102, *CheckPageNumber);
+    SetNOption(6, ui::checkValue(*CheckDisplayReturn));
+    SetNOption(7, ui::checkValue(*CheckDisplayStamp));
+    SetNOption(8, ui::checkValue(*CheckDisplayBarcode));
+    SetNOption(100, ui::checkValue(*CheckDate));
+    SetNOption(101, ui::checkValue(*CheckNameIndex));
+    SetNOption(102, ui::checkValue(*CheckPageNumber));
     const QString type = ReportType.trimmed();
     if (type == QLatin1String("A") || type == QLatin1String("D") || type == QLatin1String("P") ||
         type == QLatin1String("C")) {
@@ -156,7 +126,7 @@ void FormOptions::CommandHelp_Click() { ShowHelpTopic(QStringLiteral("2320")); }
 
 void FormOptions::keyPressEvent(QKeyEvent* event)
 {
-    if (!pressWindowButton(event, CommandOk, CommandCancel))
+    if (!ui::pressWindowButton(event, CommandOk, CommandCancel))
         Form::keyPressEvent(event);
 }
 

@@ -1,8 +1,7 @@
 #include "tools/frmdial.h"
 #include "core/handlers.h"
 
-#include "addressbook/windowkeys.h"
-#include "core/routes.h"
+#include "platform/ui/windowkeys.h"
 #include "core/session.h"
 #include "platform/dialer/dialer.h"
 #include "platform/ui/twips.h"
@@ -38,8 +37,6 @@ constexpr int KeypadRows[4][3] = {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}, {10, 0, 11}};
 constexpr int KeyWidth = 600, KeyHeight = 480;
 
 } // namespace
-
-void showDialer() { ui::showModal(forms::get<FrmDial>()); }
 
 FrmDial::FrmDial() : Form(staticFormName(), false)
 {
@@ -167,7 +164,7 @@ bool FrmDial::eventFilter(QObject* watched, QEvent* event)
 
 void FrmDial::keyPressEvent(QKeyEvent* event)
 {
-    if (!pressWindowButton(event, cmdDial, cmdClose))
+    if (!ui::pressWindowButton(event, cmdDial, cmdClose))
         Form::keyPressEvent(event);
 }
 

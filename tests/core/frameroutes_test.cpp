@@ -3,6 +3,8 @@
 #include "testdata.h"
 
 #include "core/errors.h"
+#include "core/formdebug.h"
+#include "core/forms.h"
 #include "core/frame.h"
 #include "core/framerules.h"
 #include "core/options.h"
@@ -12,6 +14,7 @@
 #include "platform/storage/recordset.h"
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
 
 using namespace hb;
 
@@ -50,6 +53,12 @@ TEST(FrameRules, PrintAndSetupRoutesByReport)
         EXPECT_EQ(printerSetupRoute(type), c.printerSetup) << c.type;
         EXPECT_EQ(previewRoute(type), c.preview) << c.type;
     }
+}
+
+TEST(RouteTable, EveryRouteLeadsToTheWindowOfItsSubsystem)
+{
+    for (int id = 0; id < static_cast<int>(RouteId::Count); ++id)
+        EXPECT_NE(routeOf(static_cast<RouteId>(id)), nullptr) << "route " << id << " is empty";
 }
 
 class FrameRoutesTest : public FrameFixture {
@@ -289,4 +298,23 @@ TEST_F(FrameRoutesTest, AutoDialOffersThePhoneOfTheListingOnScreen)
     dialogs().onModal(closeDialer);
     ASSERT_TRUE(trigger(QStringLiteral("mnuAutoDial")));
     EXPECT_EQ(DialNumber, QString()) << "no listings window, no number";
+}
+
+TEST_F(FrameRoutesTest, AnEmptyRouteOpensNothingAndLeavesALineInTheDebugLog)
+{
+    const Route options = routeOf(RouteId::Options);
+    setRoute(RouteId::Options, nullptr);
+    const bool ran = trigger(QStringLiteral("mnu_Options"));
+    setRoute(RouteId::Options, options);
+    ASSERT_TRUE(ran) << "the program goes on";
+    EXPECT_EQ(forms::find(QStringLiteral("FormOptions")), nullptr);
+    EXPECT_TRUE(dialogs().modalsShown().isEmpty());
+    FormDebug* debug = forms::loaded<FormDebug>();
+    ASSERT_NE(debug, nullptr);
+    EXPECT_TRUE(control<QPlainTextEdit>(*debug, QStringLiteral("TextDebug"))->toPlainText().contains(
+        QStringLiteral("No window behind route")));
+
+    dialogs().onModal([](QWidget& window) { window.close(); });
+    ASSERT_TRUE(trigger(QStringLiteral("mnu_Options")));
+    EXPECT_EQ(dialogs().modalsShown(), QStringList{QStringLiteral("FormOptions")}) << "the route filled again";
 }

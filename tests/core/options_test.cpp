@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "platform/storage/database.h"
 #include "platform/storage/recordset.h"
+#include "platform/ui/buttons.h"
 
 #include <QCheckBox>
 
@@ -53,20 +54,20 @@ TEST_F(OptionsTest, SeededRowsReadTheirValuesInEachConvention)
 TEST_F(OptionsTest, AGreyCheckBoxIsStoredAsTwoAndCountsAsOff)
 {
     QCheckBox box;
-    SetCheckValue(box, 2);
+    ui::setCheckValue(box, 2);
     EXPECT_EQ(box.checkState(), Qt::PartiallyChecked);
-    SetNOption(12, box);
+    SetNOption(12, ui::checkValue(box));
     EXPECT_DOUBLE_EQ(GetNOption(12), 2);
     EXPECT_FALSE(CheckOptionOn(12));
 
     box.setCheckState(Qt::Checked);
-    SetNOption(12, box);
+    SetNOption(12, ui::checkValue(box));
     EXPECT_TRUE(CheckOptionOn(12));
     box.setCheckState(Qt::Unchecked);
-    SetNOption(12, box);
+    SetNOption(12, ui::checkValue(box));
     EXPECT_DOUBLE_EQ(GetNOption(12), 0);
 
-    SetCheckValue(box, static_cast<int>(GetNOption(6)));
+    ui::setCheckValue(box, static_cast<int>(GetNOption(6)));
     EXPECT_EQ(box.checkState(), Qt::Unchecked) << "the -1 of a missing row shows an empty box";
 }
 

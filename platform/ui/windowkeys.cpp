@@ -1,10 +1,10 @@
-#include "addressbook/windowkeys.h"
+#include "platform/ui/windowkeys.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
 
-namespace hb {
+namespace hb::ui {
 
 namespace {
 bool press(QPushButton* button)
@@ -31,4 +31,4 @@ bool pressWindowButton(QKeyEvent* event, QPushButton* defaultButton, QPushButton
     }
 }
 
-} // namespace hb
+} // namespace hb::ui

@@ -1,0 +1,1 @@
+// A header beside its user.

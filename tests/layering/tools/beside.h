@@ -1,0 +1,2 @@
+// A header beside its user.
+#include "core/forms.h"
