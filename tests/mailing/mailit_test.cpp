@@ -69,14 +69,16 @@ TEST_F(MailItTest, PieceTextFollowsEachFieldOptionWithAndWithoutIndividuals)
                {QStringLiteral("Email"), QStringLiteral("kim@x.org")}, {QStringLiteral("Notes"), QStringLiteral("Kim note")}});
     addLabelRow(1, QStringLiteral("The \"Lee\" Family"), 7, QStringLiteral("1 Oak St"), QStringLiteral("Salem, OR  97301"));
     addLabelRow(2, QStringLiteral("Lone"), 8);
+    addPerson(7, 69, QStringLiteral("Al"), QStringLiteral("Lee"));   // stored after Kim: listed after Kim
     addLabelRow(3, QStringLiteral(" "));
+    addLabelRow(4, QStringLiteral("Gone"), 99);   // its listing was deleted after the list was made
 
     const struct { int option; QString line; } cases[] = {
         {313, QStringLiteral("The 'Lee' Family\r")}, {314, QStringLiteral("1 Oak St\rSalem, OR  97301\r")},
         {315, QStringLiteral("Phone: 555-1000\r")}, {316, QStringLiteral("Cell: 555-2000\r")},
         {317, QStringLiteral("Fax: 555-3000\r")}, {318, QStringLiteral("lee@x.org\r")},
         {319, QStringLiteral("Imp Date: 6/2/1990\r")}, {320, QStringLiteral("Say 'hi'\r")},
-        {321, QStringLiteral("  Kim Lee\r")}, {322, QStringLiteral("  Acme\r")}, {323, QStringLiteral("  Phone: 555-4000\r")},
+        {321, QStringLiteral("  Kim Lee\r  Al Lee\r")}, {322, QStringLiteral("  Acme\r")}, {323, QStringLiteral("  Phone: 555-4000\r")},
         {324, QStringLiteral("  DOB: 3/4/1980\r")}, {325, QStringLiteral("  kim@x.org\r")}, {326, QStringLiteral("  Kim note\r")}};
     for (const auto& c : cases) {
         setPieceFields({c.option});
@@ -85,10 +87,12 @@ TEST_F(MailItTest, PieceTextFollowsEachFieldOptionWithAndWithoutIndividuals)
         EXPECT_EQ(data(*w, 0), QStringLiteral("thedata^") + c.line) << c.option;
         const QString lone = c.option == 313 ? QStringLiteral("Lone\r") : QString();
         EXPECT_EQ(data(*w, 1), QStringLiteral("thedata^") + lone) << "a listing without individuals, option " << c.option;
+        const QString gone = c.option == 313 ? QStringLiteral("Gone\r") : QString();
+        EXPECT_EQ(data(*w, 3), QStringLiteral("thedata^") + gone) << "a label whose listing is gone, option " << c.option;
     }
     setPieceFields({});
     FrmMailIt* w = load();
-    EXPECT_EQ(w->ezLabel().pieces(), QStringList(3, QStringLiteral("thedata^"))) << "all off: empty pieces keep their place";
+    EXPECT_EQ(w->ezLabel().pieces(), QStringList(4, QStringLiteral("thedata^"))) << "all off: empty pieces keep their place";
     EXPECT_FALSE(w->ezLabel().items().barcode.visible);
 }
 
