@@ -68,11 +68,11 @@ TEST(BuiltinCatalogue, HoldsTheDefaultAndTheCommonSheetsWithTheMakersOrigins)
     ASSERT_NE(s5160, nullptr);
     EXPECT_EQ(piecesPerSheet(*s5160), 30);
     EXPECT_DOUBLE_EQ(s5160->width, 2.625 * inch);
-    expectOrigin(*s5160, 0, 0.1875 * inch, 0.5 * inch);
-    expectOrigin(*s5160, 2, (0.1875 + 2 * 2.75) * inch, 0.5 * inch);
-    expectOrigin(*s5160, 29, (0.1875 + 2 * 2.75) * inch, 9.5 * inch);
+    expectOrigin(*s5160, 0, 0.15625 * inch, 0.5 * inch);
+    expectOrigin(*s5160, 2, (0.15625 + 2 * 2.78125) * inch, 0.5 * inch);
+    expectOrigin(*s5160, 29, (0.15625 + 2 * 2.78125) * inch, 9.5 * inch);
     // The last label ends where the right and bottom margins begin.
-    EXPECT_NEAR(pieceRect(*s5160, 29).right(), (8.5 - 0.1875) * inch, 0.01);
+    EXPECT_NEAR(pieceRect(*s5160, 29).right(), (8.5 - 0.15625) * inch, 0.01);
     EXPECT_NEAR(pieceRect(*s5160, 29).bottom(), 10.5 * inch, 0.01);
 
     const Sheet* l7160 = catalogue.find(QStringLiteral("L7160 - Address"));
@@ -104,6 +104,57 @@ TEST(BuiltinCatalogue, EnvelopesAndCardsAreOnePieceOnTheirOwnPaperAndNamedAsSuch
     EXPECT_EQ(envelopes, 10);
     EXPECT_EQ(postCards, 3);
     EXPECT_EQ(noteCards, 2);
+}
+
+// The program's own sheets against the package's data for the same product. The A4 sheets follow the
+// maker's figures, which fill A4 evenly where the package's do not, so they are held to 1.5 mm.
+TEST(BuiltinCatalogue, AgreesWithThePackageOnTheSameProducts)
+{
+    const QDir folder(SheetCatalogue::packageFolder());
+    if (!folder.exists(QStringLiteral("avery-us-templates.xml")))
+        GTEST_SKIP() << "glabels-data is not installed";
+    const SheetCatalogue builtin{QString()};
+    const SheetCatalogue all{folder.path()};
+    auto avery = [&](const char* part) -> const Sheet* {
+        for (const Sheet& s : all.sheets())
+            if (s.brand == QLatin1String("Avery") && s.part == QLatin1String(part))
+                return &s;
+        return nullptr;
+    };
+    const struct { const char* ours; const char* part; double tolerance; } products[] = {
+        {"5264 - Shipping", "5264", 0.5}, {"5160 - Address", "5160", 0.5}, {"5161 - Address", "5161", 0.5},
+        {"5162 - Address", "5162", 0.5}, {"5163 - Shipping", "5163", 0.5}, {"5164 - Shipping", "5164", 0.5},
+        {"5389 - Post Card 4 x 6, 2 per sheet", "5389", 0.5}, {"L7160 - Address", "L7160", 1.5 * mm},
+        {"L7163 - Address", "L7163", 1.5 * mm}};
+    for (const auto& p : products) {
+        const Sheet* ours = builtin.find(QString::fromLatin1(p.ours));
+        const Sheet* theirs = avery(p.part);
+        ASSERT_TRUE(ours && theirs) << p.ours;
+        EXPECT_EQ(ours->paperId, theirs->paperId) << p.ours;
+        EXPECT_NEAR(ours->width, theirs->width, p.tolerance) << p.ours;
+        EXPECT_NEAR(ours->height, theirs->height, p.tolerance) << p.ours;
+        EXPECT_NEAR(ours->round, theirs->round, p.tolerance) << p.ours;
+        EXPECT_NEAR(ours->margin, theirs->margin, p.tolerance) << p.ours;
+        ASSERT_EQ(piecesPerSheet(*ours), piecesPerSheet(*theirs)) << p.ours;
+        for (int i = 0; i < piecesPerSheet(*ours); ++i) {
+            EXPECT_NEAR(pieceOrigin(*ours, i).x(), pieceOrigin(*theirs, i).x(), p.tolerance) << p.ours << " " << i;
+            EXPECT_NEAR(pieceOrigin(*ours, i).y(), pieceOrigin(*theirs, i).y(), p.tolerance) << p.ours << " " << i;
+        }
+    }
+    // Envelopes lie flat on their paper; the package's paper sizes stand upright.
+    QFile file(folder.filePath(QStringLiteral("paper-sizes.xml")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    PaperSizes papers;
+    readPaperSizes(file.readAll(), papers);
+    const struct { const char* ours; const char* paper; } envelopes[] = {
+        {"#10 - Envelope 4 1/8 x 9 1/2", "number10"}, {"Monarch - Envelope 3 7/8 x 7 1/2", "monarch"},
+        {"C5 - Envelope 162 x 229 mm", "c5"}, {"C6 - Envelope 114 x 162 mm", "c6"}, {"DL - Envelope 110 x 220 mm", "dl"}};
+    for (const auto& e : envelopes) {
+        const Sheet* ours = builtin.find(QString::fromLatin1(e.ours));
+        ASSERT_TRUE(ours && papers.contains(QString::fromLatin1(e.paper))) << e.ours;
+        EXPECT_NEAR(ours->paperWidth, papers[QString::fromLatin1(e.paper)].height(), 0.01) << e.ours;
+        EXPECT_NEAR(ours->paperHeight, papers[QString::fromLatin1(e.paper)].width(), 0.01) << e.ours;
+    }
 }
 
 TEST(TemplateReader, ReadsShapesLayoutsAliasesAndPassesOverBadTemplates)
