@@ -96,6 +96,36 @@ TEST_F(MailItTest, PieceTextFollowsEachFieldOptionWithAndWithoutIndividuals)
     EXPECT_FALSE(w->ezLabel().items().barcode.visible);
 }
 
+TEST_F(MailItTest, ChooseFieldsStoresThePieceFieldsAndReloadsThePieces)
+{
+    addListing({7, QStringLiteral("The Lee Family"), QStringLiteral("Lee"), 0, {{QStringLiteral("Phone"), QStringLiteral("555-1000")}}});
+    addLabelRow(1, QStringLiteral("The Lee Family"), 7, QStringLiteral("1 Oak St"), QStringLiteral("Salem, OR  97301"));
+    setPieceFields({313});
+    SetNOption(15, 1);   // the report's own choice of the phone
+    FrmMailIt* w = load();
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(data(*w, 0), QStringLiteral("thedata^The Lee Family\r"));
+    dialogs().onModal([](QWidget& d) {
+        auto box = [&](int i) { return control<QCheckBox>(d, QStringLiteral("Checkitem_%1").arg(i)); };
+        EXPECT_EQ(d.windowTitle(), QStringLiteral("Customize Label/Envelope"));
+        EXPECT_FALSE(box(12)->isVisibleTo(&d));
+        EXPECT_TRUE(box(13)->isChecked());
+        EXPECT_FALSE(box(15)->isChecked()) << "the pieces' own choices, not the report's";
+        // On the tick box itself: the box is wider than its caption, and a click beside the caption is no click.
+        for (int i : {13, 14, 15})
+            QTest::mouseClick(box(i), Qt::LeftButton, {}, QPoint(8, box(i)->height() / 2));
+
+        QTest::mouseClick(control<QPushButton>(d, QStringLiteral("CommandOk")), Qt::LeftButton);
+    });
+    QTest::mouseClick(control<QPushButton>(*w, QStringLiteral("CommandCustomize")), Qt::LeftButton);
+    EXPECT_EQ(int(GetNOption(313)), 0);
+    EXPECT_EQ(int(GetNOption(314)), 1);
+    EXPECT_EQ(int(GetNOption(315)), 1);
+    EXPECT_EQ(int(GetNOption(15)), 1);
+    ASSERT_EQ(w->ezLabel().pieces().size(), 1);
+    EXPECT_EQ(data(*w, 0), QStringLiteral("thedata^1 Oak St\rSalem, OR  97301\rPhone: 555-1000\r"));
+}
+
 TEST_F(MailItTest, PagingOfAThirtyUpSheetAndItsButtons)
 {
     const struct { int labels; QString first, last; } cases[] = {
