@@ -37,7 +37,6 @@ protected:
         return forms::loaded<FrmMailIt>();
     }
 
-    static bool enabled(QWidget& w, const char* name) { return control<QPushButton>(w, QString::fromLatin1(name))->isEnabled(); }
     static QString buttons(QWidget& w)
     {
         QString s;
@@ -194,8 +193,7 @@ TEST_F(MailItTest, AnEnvelopeShowsReturnAddressAndStampAsTheOptionsSay)
         ASSERT_EQ(pieces->count(), 1);
         clickRow(pieces, 0);
         EXPECT_FALSE(control<QLabel>(d, QStringLiteral("lblSize"))->text().isEmpty());
-        if (const QByteArray folder = qgetenv("HB_LABEL_PNG_DIR"); !folder.isEmpty())
-            d.grab().save(QString::fromLocal8Bit(folder) + QStringLiteral("/piece-dialog.png"));
+        keepPicture(&d, QStringLiteral("piece-dialog"));
         control<QDialogButtonBox>(d, QString())->button(QDialogButtonBox::Ok)->click();
     });
     click(*w, QStringLiteral("CommandPiece"));
@@ -205,8 +203,7 @@ TEST_F(MailItTest, AnEnvelopeShowsReturnAddressAndStampAsTheOptionsSay)
     EXPECT_EQ(w->ezLabel().item(FrmMailIt::ReturnAddressItem).text, QStringLiteral("Me\r1 My St"));
     EXPECT_FALSE(w->ezLabel().item(FrmMailIt::StampItem).visible);
     EXPECT_EQ(text(*w, "LabelPagenofn"), QStringLiteral("Page 1 of 2"));
-    if (const QByteArray folder = qgetenv("HB_LABEL_PNG_DIR"); !folder.isEmpty())
-        w->grab().save(QString::fromLocal8Bit(folder) + QStringLiteral("/preview-envelope.png"));
+    keepPicture(w, QStringLiteral("preview-envelope"));
 
     dialogs().onModal([&](QWidget& d) {
         QTest::keyClicks(control<QLineEdit>(d, QStringLiteral("txtSearch")), QStringLiteral("5163 - Shipping"));
