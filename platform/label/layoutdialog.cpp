@@ -1,5 +1,5 @@
 // The layout dialog of the control: place, size, font and visibility of each item, on a drawing of one
-// piece that follows every change.
+// piece that follows every change and on which the items can be dragged into place.
 
 #include "platform/label/labelcontrol.h"
 #include "platform/label/sheetpicture.h"
@@ -12,6 +12,8 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+
+#include <array>
 
 namespace hb::label {
 
@@ -47,6 +49,7 @@ void LabelControl::showLayoutDialog(bool)
                             QStringLiteral("Height")};
     for (int c = 0; c < heads.size(); ++c)
         grid->addWidget(new QLabel(heads[c], &dialog), 1, c);
+    std::array<std::array<QDoubleSpinBox*, 2>, 8> places{};   // the left and top boxes of each item
     for (int i = 1; i <= 7; ++i) {
         TextItem& item = edited.item(i);
         auto* shown = new QCheckBox(QStringLiteral("Item %1").arg(i), &dialog);
@@ -58,6 +61,8 @@ void LabelControl::showLayoutDialog(bool)
         for (int c = 0; c < 4; ++c) {
             auto* box = percentBox(&dialog, QStringLiteral("txtItem%1_%2").arg(i).arg(c), values[c]);
             grid->addWidget(box, i + 1, c + 1);
+            if (c < 2)
+                places[size_t(i)][size_t(c)] = box;
             QObject::connect(box, &QDoubleSpinBox::valueChanged, &dialog, [&, i, c](double v) {
                 QRectF& r = edited.item(i).box;
                 const double f = v / 100;
@@ -75,6 +80,11 @@ void LabelControl::showLayoutDialog(bool)
             redrawPicture();
         });
     }
+    // A box dragged on the drawing takes its new place through the numbers, as if typed.
+    QObject::connect(picture, &SheetPicture::itemMoved, &dialog, [&](int i, const QPointF& topLeft) {
+        places[size_t(i)][0]->setValue(topLeft.x() * 100);
+        places[size_t(i)][1]->setValue(topLeft.y() * 100);
+    });
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
     grid->addWidget(buttons, 9, 0, 1, 7);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);

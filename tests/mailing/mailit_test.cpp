@@ -3,6 +3,7 @@
 #include "core/options.h"
 #include "core/misc.h"
 #include "mailing/formretaddr.h"
+#include "platform/label/sheetpicture.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -236,6 +237,18 @@ TEST_F(MailItTest, LayoutChangesAreKeptForTheNextSession)
         left->setFocus();
         left->selectAll();
         QTest::keyClicks(left, QStringLiteral("2.5"));
+        EXPECT_DOUBLE_EQ(left->value(), 2.5);
+        // Dragged far to the right and up on the drawing, the box stops at the edges of the piece.
+        auto* picture = control<label::SheetPicture>(d, QStringLiteral("picPiece"));
+        const QPoint from = picture->pointAt({0.025 + 0.46, 0.04 + 0.46}).toPoint();
+        QTest::mousePress(picture, Qt::LeftButton, {}, from);
+        QTest::mouseMove(picture, from + QPoint(40, -10));
+        EXPECT_GT(left->value(), 2.5);
+        QTest::mouseMove(picture, from + QPoint(400, -100));
+        QTest::mouseRelease(picture, Qt::LeftButton, {}, from + QPoint(400, -100));
+        EXPECT_DOUBLE_EQ(left->value(), 8.0) << "a box 92% wide";
+        EXPECT_DOUBLE_EQ(control<QDoubleSpinBox>(d, QStringLiteral("txtItem1_1"))->value(), 0.0);
+        keepPicture(&d, QStringLiteral("layout-dialog"));
         control<QDialogButtonBox>(d, QString())->button(QDialogButtonBox::Ok)->click();
     });
     click(*w, QStringLiteral("CommandLayout"));
@@ -245,7 +258,8 @@ TEST_F(MailItTest, LayoutChangesAreKeptForTheNextSession)
     forms::unload(FrmMailIt::staticFormName());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     FrmMailIt* again = load();
-    EXPECT_NEAR(again->ezLabel().item(FrmMailIt::AddressItem).box.x(), 0.025, 1e-9);
+    EXPECT_NEAR(again->ezLabel().item(FrmMailIt::AddressItem).box.x(), 0.08, 1e-9);
+    EXPECT_NEAR(again->ezLabel().item(FrmMailIt::AddressItem).box.y(), 0.0, 1e-9);
     EXPECT_FALSE(again->ezLabel().item(FrmMailIt::StampItem).visible);
 }
 
