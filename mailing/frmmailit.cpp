@@ -109,10 +109,12 @@ void FrmMailIt::LoadMailIt()
     ezLabel1->setVisible(false);
     ezLabel1->setRedraw(false);
     ezLabel1->sheetMode = 1;
+    const LinkedListings links = LinkedListings::read();
     LabelsRS = DB.openRecordset(QStringLiteral("RptLabels"));
     for (; !LabelsRS.eof(); LabelsRS.moveNext()) {
         QString zip;
-        ezLabel1->pieceData = QStringLiteral("thedata^") + PieceText(LabelsRS, options, zip).replace(QLatin1Char('"'), QLatin1Char('\''));
+        const QString piece = PieceText(LabelsRS, options, links, zip);
+        ezLabel1->pieceData = QStringLiteral("thedata^") + QString(piece).replace(QLatin1Char('"'), QLatin1Char('\''));
         if (!zip.isNull())
             ezLabel1->items().barcode.value = zip;
         ezLabel1->addPiece();

@@ -10,20 +10,22 @@ QByteArray builtinSheetsXml()
 {
     return QByteArrayLiteral(R"xml(<?xml version="1.0"?>
 <Glabels-templates>
-  <!-- Avery address and shipping labels, US Letter. Sizes, margins and pitches from Avery's published
-       template specifications (avery.com, "Template 5160" ... "Template 5164", "Template 5264"). -->
+  <!-- Avery address and shipping labels, US Letter. Sizes, corners, margins and pitches as Debian's
+       glabels-data has them for the same Avery parts (avery-us-templates.xml). Where Avery's commonly quoted
+       figures differ, the package is followed: for 5160 they give a 3/16" side margin and a 2 3/4" pitch,
+       the package 5/32" and 2 25/32", which puts each column within 1/32" of the other figures. -->
   <Template brand="" part="5264" size="US-Letter" _description="Shipping">
-    <!-- 3 1/3" x 4", 6 per sheet: top margin 1/2", side margin 5/32", pitch 4 3/16" x 3 1/3" -->
-    <Label-rectangle id="0" width="4in" height="3.333333in" round="0.0625in">
-      <Markup-margin size="0.0625in"/>
-      <Layout nx="2" ny="3" x0="0.15625in" y0="0.5in" dx="4.1875in" dy="3.333333in"/>
+    <!-- 3 1/3" x 4", 6 per sheet, the sheet of 5164: top margin 1/2", side margin 5/32", pitch 4 3/16" x 3 1/3" -->
+    <Label-rectangle id="0" width="4in" height="3.333333333in" round="0.125in">
+      <Markup-margin size="0.125in"/>
+      <Layout nx="2" ny="3" x0="0.15625in" y0="0.5in" dx="4.1875in" dy="3.333333333in"/>
     </Label-rectangle>
   </Template>
   <Template brand="" part="5160" size="US-Letter" _description="Address">
-    <!-- 1" x 2 5/8", 30 per sheet: top margin 1/2", side margin 3/16", pitch 2 3/4" x 1" -->
+    <!-- 1" x 2 5/8", 30 per sheet: top margin 1/2", side margin 5/32", pitch 2 25/32" x 1" -->
     <Label-rectangle id="0" width="2.625in" height="1in" round="0.0625in">
       <Markup-margin size="0.0625in"/>
-      <Layout nx="3" ny="10" x0="0.1875in" y0="0.5in" dx="2.75in" dy="1in"/>
+      <Layout nx="3" ny="10" x0="0.15625in" y0="0.5in" dx="2.78125in" dy="1in"/>
     </Label-rectangle>
   </Template>
   <Template brand="" part="5161" size="US-Letter" _description="Address">
@@ -35,27 +37,30 @@ QByteArray builtinSheetsXml()
   </Template>
   <Template brand="" part="5162" size="US-Letter" _description="Address">
     <!-- 1 1/3" x 4", 14 per sheet: top margin 5/6", side margin 5/32", pitch 4 3/16" x 1 1/3" -->
-    <Label-rectangle id="0" width="4in" height="1.333333in" round="0.0625in">
+    <Label-rectangle id="0" width="4in" height="1.333333333in" round="0.0625in">
       <Markup-margin size="0.0625in"/>
-      <Layout nx="2" ny="7" x0="0.15625in" y0="0.833333in" dx="4.1875in" dy="1.333333in"/>
+      <Layout nx="2" ny="7" x0="0.15625in" y0="0.833333333in" dx="4.1875in" dy="1.333333333in"/>
     </Label-rectangle>
   </Template>
   <Template brand="" part="5163" size="US-Letter" _description="Shipping">
-    <!-- 2" x 4", 10 per sheet: top margin 1/2", side margin 5/32", pitch 4 3/16" x 2" -->
-    <Label-rectangle id="0" width="4in" height="2in" round="0.0625in">
-      <Markup-margin size="0.0625in"/>
+    <!-- 2" x 4", 10 per sheet: top margin 1/2", side margin 5/32", pitch 4 3/16" x 2". The package writes
+         the side margin as 0.1625", which leaves the sheet lopsided by 1/160"; 5/32" is kept. -->
+    <Label-rectangle id="0" width="4in" height="2in" round="0.125in">
+      <Markup-margin size="0.125in"/>
       <Layout nx="2" ny="5" x0="0.15625in" y0="0.5in" dx="4.1875in" dy="2in"/>
     </Label-rectangle>
   </Template>
   <Template brand="" part="5164" size="US-Letter" _description="Shipping">
     <!-- 3 1/3" x 4", 6 per sheet, as 5264 -->
-    <Label-rectangle id="0" width="4in" height="3.333333in" round="0.0625in">
-      <Markup-margin size="0.0625in"/>
-      <Layout nx="2" ny="3" x0="0.15625in" y0="0.5in" dx="4.1875in" dy="3.333333in"/>
+    <Label-rectangle id="0" width="4in" height="3.333333333in" round="0.125in">
+      <Markup-margin size="0.125in"/>
+      <Layout nx="2" ny="3" x0="0.15625in" y0="0.5in" dx="4.1875in" dy="3.333333333in"/>
     </Label-rectangle>
   </Template>
 
-  <!-- Avery A4 address labels. From Avery UK's published template data ("L7160", "L7163"). -->
+  <!-- Avery A4 address labels, from Avery UK's published template data ("L7160", "L7163"), whose margins and
+       pitches add up to the A4 sheet. The package's 7160 makes the label 63.99 mm wide and its 7163 puts
+       103 mm between columns, neither of which fills A4 evenly; its origins lie within 1.5 mm of these. -->
   <Template brand="" part="L7160" size="A4" _description="Address">
     <!-- 63.5 x 38.1 mm, 21 per sheet: top margin 15.15 mm, side margin 7.21 mm, pitch 66.04 x 38.1 mm -->
     <Label-rectangle id="0" width="63.5mm" height="38.1mm" round="2.5mm">
@@ -74,7 +79,8 @@ QByteArray builtinSheetsXml()
   <!-- Envelopes, one per page, the paper the size of the envelope lying flat (long side across).
        US sizes from the USPS/ANSI commercial and announcement envelope sizes (#10 4 1/8 x 9 1/2,
        #9 3 7/8 x 8 7/8, #6 3/4 3 5/8 x 6 1/2, Monarch 3 7/8 x 7 1/2, A2 4 3/8 x 5 3/4, A6 4 3/4 x 6 1/2,
-       A7 5 1/4 x 7 1/4 inches); C5, C6 and DL from ISO 269. -->
+       A7 5 1/4 x 7 1/4 inches); C5, C6 and DL from ISO 269. The paper sizes of glabels-data agree for #10,
+       Monarch, C5, C6 and DL. -->
   <Template brand="" part="#10" size="Other" width="9.5in" height="4.125in" _description="Envelope 4 1/8 x 9 1/2">
     <Label-rectangle id="0" width="9.5in" height="4.125in"><Layout nx="1" ny="1" x0="0" y0="0"/></Label-rectangle>
   </Template>
@@ -106,14 +112,17 @@ QByteArray builtinSheetsXml()
     <Label-rectangle id="0" width="220mm" height="110mm"><Layout nx="1" ny="1" x0="0" y0="0"/></Label-rectangle>
   </Template>
 
-  <!-- Post cards. The single 4 x 6 card is the USPS maximum post card size lying flat. The sheets from
-       Avery's published template data: 8387 (two 4" x 6" cards, top margin 1 1/2", side margin 1 1/4")
-       and 8577 (four 4 1/4" x 5 1/2" cards filling a Letter sheet). -->
+  <!-- Post cards. The single 4 x 6 card is the USPS maximum post card size lying flat. Avery 5389 (two
+       4" x 6" cards, margins 1 1/4", 1/2" between them) as glabels-data has it; 8577 (four 4 1/4" x 5 1/2"
+       cards filling a Letter sheet) from Avery's product size, which the package does not list. -->
   <Template brand="" part="4 x 6" size="Other" width="6in" height="4in" _description="Post Card">
     <Label-rectangle id="0" width="6in" height="4in"><Layout nx="1" ny="1" x0="0" y0="0"/></Label-rectangle>
   </Template>
-  <Template brand="" part="8387" size="US-Letter" _description="Post Card 4 x 6, 2 per sheet">
-    <Label-rectangle id="0" width="6in" height="4in"><Layout nx="1" ny="2" x0="1.25in" y0="1.5in" dx="0" dy="4in"/></Label-rectangle>
+  <Template brand="" part="5389" size="US-Letter" _description="Post Card 4 x 6, 2 per sheet">
+    <Label-rectangle id="0" width="6in" height="4in">
+      <Markup-margin size="0.125in"/>
+      <Layout nx="1" ny="2" x0="1.25in" y0="1.25in" dx="6in" dy="4.5in"/>
+    </Label-rectangle>
   </Template>
   <Template brand="" part="8577" size="US-Letter" _description="Post Card 4 1/4 x 5 1/2, 4 per sheet">
     <Label-rectangle id="0" width="4.25in" height="5.5in"><Layout nx="2" ny="2" x0="0" y0="0" dx="4.25in" dy="5.5in"/></Label-rectangle>

@@ -1,5 +1,5 @@
 // The layout dialog of the control: place, size, font and visibility of each item, on a drawing of one
-// piece that follows every change.
+// piece that follows every change and on which the items can be dragged into place.
 
 #include "platform/label/labelcontrol.h"
 #include "platform/label/sheetpicture.h"
@@ -12,6 +12,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+
+#include <array>
+#include <functional>
 
 namespace hb::label {
 
@@ -26,6 +29,46 @@ QDoubleSpinBox* percentBox(QWidget* parent, const QString& name, double fraction
     box->setSuffix(QStringLiteral(" %"));
     box->setValue(fraction * 100);
     return box;
+}
+
+// One row of the dialog: whether item i shows, its place and size in percent of the piece, and its font.
+// Each change goes to edited and redraws. Gives back the item's left and top boxes.
+std::array<QDoubleSpinBox*, 2> addItemRow(QDialog& dialog, QGridLayout* grid, PieceItems& edited, int i,
+                                          const std::function<void()>& redraw)
+{
+    const TextItem& item = edited.item(i);
+    auto* shown = new QCheckBox(QStringLiteral("Item %1").arg(i), &dialog);
+    shown->setObjectName(QStringLiteral("chkItem%1").arg(i));
+    shown->setChecked(item.visible);
+    grid->addWidget(shown, i + 1, 0);
+    QObject::connect(shown, &QCheckBox::toggled, &dialog, [&edited, redraw, i](bool on) {
+        edited.item(i).visible = on;
+        redraw();
+    });
+    std::array<QDoubleSpinBox*, 2> place{};
+    const double values[4] = {item.box.x(), item.box.y(), item.box.width(), item.box.height()};
+    for (int c = 0; c < 4; ++c) {
+        auto* box = percentBox(&dialog, QStringLiteral("txtItem%1_%2").arg(i).arg(c), values[c]);
+        grid->addWidget(box, i + 1, c + 1);
+        if (c < 2)
+            place[size_t(c)] = box;
+        QObject::connect(box, &QDoubleSpinBox::valueChanged, &dialog, [&edited, redraw, i, c](double v) {
+            QRectF& r = edited.item(i).box;
+            const double f = v / 100;
+            if (c == 0) r.moveLeft(f); else if (c == 1) r.moveTop(f); else if (c == 2) r.setWidth(f); else r.setHeight(f);
+            redraw();
+        });
+    }
+    auto* font = new QPushButton(QStringLiteral("Font"), &dialog);
+    font->setObjectName(QStringLiteral("cmdFont%1").arg(i));
+    grid->addWidget(font, i + 1, 5);
+    QObject::connect(font, &QPushButton::clicked, &dialog, [&edited, redraw, i] {
+        QFont f = edited.item(i).font;
+        if (ui::windows().chooseFont(f))
+            edited.item(i).font = f;
+        redraw();
+    });
+    return place;
 }
 
 } // namespace
@@ -47,34 +90,14 @@ void LabelControl::showLayoutDialog(bool)
                             QStringLiteral("Height")};
     for (int c = 0; c < heads.size(); ++c)
         grid->addWidget(new QLabel(heads[c], &dialog), 1, c);
-    for (int i = 1; i <= 7; ++i) {
-        TextItem& item = edited.item(i);
-        auto* shown = new QCheckBox(QStringLiteral("Item %1").arg(i), &dialog);
-        shown->setObjectName(QStringLiteral("chkItem%1").arg(i));
-        shown->setChecked(item.visible);
-        grid->addWidget(shown, i + 1, 0);
-        QObject::connect(shown, &QCheckBox::toggled, &dialog, [&, i](bool on) { edited.item(i).visible = on; redrawPicture(); });
-        const double values[4] = {item.box.x(), item.box.y(), item.box.width(), item.box.height()};
-        for (int c = 0; c < 4; ++c) {
-            auto* box = percentBox(&dialog, QStringLiteral("txtItem%1_%2").arg(i).arg(c), values[c]);
-            grid->addWidget(box, i + 1, c + 1);
-            QObject::connect(box, &QDoubleSpinBox::valueChanged, &dialog, [&, i, c](double v) {
-                QRectF& r = edited.item(i).box;
-                const double f = v / 100;
-                if (c == 0) r.moveLeft(f); else if (c == 1) r.moveTop(f); else if (c == 2) r.setWidth(f); else r.setHeight(f);
-                redrawPicture();
-            });
-        }
-        auto* font = new QPushButton(QStringLiteral("Font"), &dialog);
-        font->setObjectName(QStringLiteral("cmdFont%1").arg(i));
-        grid->addWidget(font, i + 1, 5);
-        QObject::connect(font, &QPushButton::clicked, &dialog, [&, i] {
-            QFont f = edited.item(i).font;
-            if (ui::windows().chooseFont(f))
-                edited.item(i).font = f;
-            redrawPicture();
-        });
-    }
+    std::array<std::array<QDoubleSpinBox*, 2>, 8> places{};   // the left and top boxes of each item
+    for (int i = 1; i <= 7; ++i)
+        places[size_t(i)] = addItemRow(dialog, grid, edited, i, redrawPicture);
+    // A box dragged on the drawing takes its new place through the numbers, as if typed.
+    QObject::connect(picture, &SheetPicture::itemMoved, &dialog, [&](int i, const QPointF& topLeft) {
+        places[size_t(i)][0]->setValue(topLeft.x() * 100);
+        places[size_t(i)][1]->setValue(topLeft.y() * 100);
+    });
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
     grid->addWidget(buttons, 9, 0, 1, 7);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);

@@ -33,6 +33,27 @@ QSizeF measure(const QStringList& lines, const QFont& font)
 
 double basePoints(const QFont& font) { return font.pointSizeF() > 0 ? font.pointSizeF() : 10.0; }
 
+// The fitted size, and the size of the block of lines at it: text is shaped once to be measured and once
+// to be drawn, which on tens of thousands of pieces is most of the time of a printout.
+double fit(const QStringList& lines, const QFont& font, double width, double height, QSizeF& block)
+{
+    const double base = basePoints(font);
+    double size = base;
+    for (int round = 0; round < 4; ++round) {
+        block = measure(lines, sizedFont(font, size));
+        if (block.width() <= width && block.height() <= height)
+            return size;
+        const double factor = std::min(width / std::max(block.width(), 0.01), height / std::max(block.height(), 0.01));
+        size = std::floor(size * std::min(factor, 0.97) * Unit) / Unit;
+        if (size <= MinimumTextPoints) {
+            size = std::min(base, MinimumTextPoints);
+            break;
+        }
+    }
+    block = measure(lines, sizedFont(font, size));
+    return size;
+}
+
 void paintText(QPainter& painter, const QRectF& box, const QString& text, const QFont& font, bool centred)
 {
     QStringList lines = text.split(QLatin1Char('\r'));
@@ -40,8 +61,8 @@ void paintText(QPainter& painter, const QRectF& box, const QString& text, const 
         lines.removeLast();
     if (lines.isEmpty() || box.width() <= 0 || box.height() <= 0)
         return;
-    const QFont f = sizedFont(font, fittedPointSize(lines, font, box.width(), box.height()));
-    const QSizeF block = measure(lines, f);
+    QSizeF block;
+    const QFont f = sizedFont(font, fit(lines, font, box.width(), box.height(), block));
     // The block stands in the middle of its box, its lines flush left; what still does not fit is cut
     // at the box's edges.
     const double left = box.left() + (centred ? std::max(0.0, (box.width() - block.width()) / 2) : 0.0);
@@ -104,19 +125,8 @@ void paintPiece(QPainter& painter, const PageContent& c, const QRectF& piece, co
 
 double fittedPointSize(const QStringList& lines, const QFont& font, double width, double height)
 {
-    const double base = basePoints(font);
-    double size = base;
-    for (int round = 0; round < 4; ++round) {
-        const QSizeF need = measure(lines, sizedFont(font, size));
-        if (need.width() <= width && need.height() <= height)
-            return size;
-        const double factor = std::min(width / std::max(need.width(), 0.01), height / std::max(need.height(), 0.01));
-        const double next = std::floor(size * std::min(factor, 0.97) * Unit) / Unit;
-        if (next <= MinimumTextPoints)
-            return std::min(base, MinimumTextPoints);
-        size = next;
-    }
-    return size;
+    QSizeF block;
+    return fit(lines, font, width, height, block);
 }
 
 void paintPage(QPainter& painter, const PageContent& c)

@@ -2,6 +2,7 @@
 
 #include "platform/label/pagerenderer.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -30,14 +31,69 @@ void SheetPicture::showPiece(const Sheet& sheet, const PieceItems* items, const 
     update();
 }
 
+double SheetPicture::scale() const
+{
+    return std::min((width() - 4) / sheet_.paperWidth, (height() - 4) / sheet_.paperHeight);
+}
+
+QPointF SheetPicture::origin() const
+{
+    return {(width() - sheet_.paperWidth * scale()) / 2, (height() - sheet_.paperHeight * scale()) / 2};
+}
+
+// The drawing of one piece places item boxes inside the piece's margin, as the page renderer does.
+QPointF SheetPicture::fractionAt(const QPointF& point) const
+{
+    const QPointF p = (point - origin()) / scale();
+    const double m = sheet_.margin;
+    return {(p.x() - m) / (sheet_.paperWidth - 2 * m), (p.y() - m) / (sheet_.paperHeight - 2 * m)};
+}
+
+QPointF SheetPicture::pointAt(const QPointF& fraction) const
+{
+    const double m = sheet_.margin;
+    const QPointF p(m + fraction.x() * (sheet_.paperWidth - 2 * m), m + fraction.y() * (sheet_.paperHeight - 2 * m));
+    return origin() + p * scale();
+}
+
+void SheetPicture::mousePressEvent(QMouseEvent* event)
+{
+    dragged_ = 0;
+    if (!withItems_ || event->button() != Qt::LeftButton)
+        return;
+    const QPointF at = fractionAt(event->position());
+    // The item drawn last lies on top.
+    for (int i = 7; i >= 1 && !dragged_; --i) {
+        const TextItem& item = items_.item(i);
+        if (item.visible && item.box.contains(at)) {
+            dragged_ = i;
+            grip_ = at - item.box.topLeft();
+        }
+    }
+}
+
+void SheetPicture::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!dragged_ || !(event->buttons() & Qt::LeftButton))
+        return;
+    const QRectF box = items_.item(dragged_).box;
+    const QPointF wanted = fractionAt(event->position()) - grip_;
+    // A box stays on the piece.
+    const QPointF topLeft(std::clamp(wanted.x(), 0.0, std::max(0.0, 1 - box.width())),
+                          std::clamp(wanted.y(), 0.0, std::max(0.0, 1 - box.height())));
+    emit itemMoved(dragged_, topLeft);
+}
+
+void SheetPicture::mouseReleaseEvent(QMouseEvent*) { dragged_ = 0; }
+
 void SheetPicture::paintEvent(QPaintEvent*)
 {
     if (sheet_.paperWidth <= 0 || sheet_.paperHeight <= 0)
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double s = std::min((width() - 4) / sheet_.paperWidth, (height() - 4) / sheet_.paperHeight);
-    painter.translate((width() - sheet_.paperWidth * s) / 2, (height() - sheet_.paperHeight * s) / 2);
+    const double s = scale();
+    painter.translate(origin());
     painter.scale(s, s);
     painter.fillRect(QRectF(0, 0, sheet_.paperWidth, sheet_.paperHeight), Qt::white);
     painter.setPen(QPen(Qt::darkGray, 0));

@@ -14,13 +14,29 @@ class SheetPicture : public QWidget {
 public:
     explicit SheetPicture(QWidget* parent = nullptr);
     void showSheet(const Sheet& sheet);
-    // One piece of the sheet alone, with sample data, as the layout dialog edits it.
+    // One piece of the sheet alone, with sample data, as the layout dialog edits it. Its visible items
+    // can then be dragged with the mouse.
     void showPiece(const Sheet& sheet, const PieceItems* items, const QString& sample);
+    // A point of the widget as fractions of the piece's inner area, where item boxes are measured.
+    QPointF fractionAt(const QPointF& point) const;
+    QPointF pointAt(const QPointF& fraction) const;
+
+signals:
+    // An item dragged to a new top left corner, in fractions of the piece.
+    void itemMoved(int item, const QPointF& topLeft);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    double scale() const;     // widget pixels per point
+    QPointF origin() const;   // where the paper's top left is drawn
+
+    int dragged_ = 0;         // the item held by the mouse, 0 for none
+    QPointF grip_;            // where it was taken, from its top left, in fractions
     Sheet sheet_;
     PieceItems items_;
     QStringList pieces_;

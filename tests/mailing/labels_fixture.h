@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 
 // The program started with the listings up, a few listings, and the label window opened from the menu.
 class LabelsFixture : public ProgramFixture {
@@ -47,22 +48,6 @@ protected:
         return hb::forms::loaded<hb::FrmLabels>();
     }
 
-    // A real mouse press on a row, as a user picks it.
-    static void clickRow(QListView* list, int row, bool twice = false)
-    {
-        const QModelIndex index = list->model()->index(row, 0);
-        list->scrollTo(index);
-        const QPoint at = list->visualRect(index).center();
-        if (twice) {
-            // The second press of a double click arrives as the double-click event itself.
-            QTest::mousePress(list->viewport(), Qt::LeftButton, {}, at);
-            QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, at);
-            QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
-        } else {
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
-        }
-    }
-
     static hb::ui::ListBox* list(QWidget& w, const char* name)
     {
         return control<hb::ui::ListBox>(w, QString::fromLatin1(name));
@@ -77,6 +62,7 @@ protected:
         return result;
     }
 
+    static bool enabled(QWidget& w, const char* name) { return control<QPushButton>(w, QString::fromLatin1(name))->isEnabled(); }
     static QString text(QWidget& w, const char* name) { return control<QLabel>(w, QString::fromLatin1(name))->text(); }
 
     // Opens the label window and ticks the first address type by mouse.

@@ -25,8 +25,6 @@ QStringList concat(std::initializer_list<QStringList> parts)
     return all;
 }
 
-bool enabled(QWidget& w, const char* name) { return control<QPushButton>(w, QString::fromLatin1(name))->isEnabled(); }
-
 } // namespace
 
 class LabelListTest : public LabelsFixture {
@@ -67,8 +65,7 @@ TEST_F(LabelListTest, OpensWithItsStepsAndMakesFiveRowsOfEachTickedListing)
     clickRow(list(*w, "lstSelections"), 2);
     EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("1 Label Selected"));
     EXPECT_TRUE(enabled(*w, "cmdPrint"));
-    if (const QByteArray folder = qgetenv("HB_LABEL_PNG_DIR"); !folder.isEmpty())
-        w->grab().save(QString::fromLocal8Bit(folder) + QStringLiteral("/labels-window.png"));
+    keepPicture(w, QStringLiteral("labels-window"));
 }
 
 TEST_F(LabelListTest, CountryJoinsTheCityLineWhenTicked)
@@ -97,7 +94,7 @@ TEST_F(LabelListTest, InsertPutsABlankLabelBeforeTheSelectedOne)
 TEST_F(LabelListTest, ChangeKeepsTheLinkUnlessTheCityLineChanges)
 {
     editNextLabel(std::nullopt, QStringLiteral("Eugene  97401"));
-    clickRow(labels, 6, true);   // a double click changes too
+    doubleClickRow(labels, 6);   // a double click changes too
     QCoreApplication::processEvents();
     EXPECT_EQ(labels->itemData(5), 1) << "a new city line cuts the label from its listing";
     EXPECT_EQ(labels->list(8), QStringLiteral("Eugene  97401"));
@@ -150,15 +147,12 @@ TEST_F(LabelListTest, DeleteOfFirstMiddleLastAndOnlyLabel)
     EXPECT_EQ(labels->listIndex(), -1);
     EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("0 Labels Selected"));
 
-    // With nothing to act on, the handlers say so.
-    // The buttons are disabled then, so the handlers are called as the program's own code would.
-    for (const char* word : {"change", "delete", "duplicate"}) {
-        if (qstrcmp(word, "change") == 0)
-            w->cmdChange_Click();
-        else if (qstrcmp(word, "delete") == 0)
-            w->cmdDelete_Click();
-        else
-            w->cmdDuplicate_Click();
+    // With nothing to act on, the handlers say so. The buttons are disabled then, so the handlers are
+    // called as the program's own code would.
+    const std::pair<void (FrmLabels::*)(), const char*> handlers[] = {
+        {&FrmLabels::cmdChange_Click, "change"}, {&FrmLabels::cmdDelete_Click, "delete"}, {&FrmLabels::cmdDuplicate_Click, "duplicate"}};
+    for (const auto& [handler, word] : handlers) {
+        (w->*handler)();
         EXPECT_EQ(lastMessage().text, QStringLiteral("Must select label to %1!").arg(QString::fromLatin1(word)));
         EXPECT_EQ(lastMessage().title, QStringLiteral("No Label Selected"));
     }

@@ -3,6 +3,7 @@
 #include "core/options.h"
 #include "core/misc.h"
 #include "mailing/formretaddr.h"
+#include "platform/label/sheetpicture.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -37,7 +38,6 @@ protected:
         return forms::loaded<FrmMailIt>();
     }
 
-    static bool enabled(QWidget& w, const char* name) { return control<QPushButton>(w, QString::fromLatin1(name))->isEnabled(); }
     static QString buttons(QWidget& w)
     {
         QString s;
@@ -69,14 +69,16 @@ TEST_F(MailItTest, PieceTextFollowsEachFieldOptionWithAndWithoutIndividuals)
                {QStringLiteral("Email"), QStringLiteral("kim@x.org")}, {QStringLiteral("Notes"), QStringLiteral("Kim note")}});
     addLabelRow(1, QStringLiteral("The \"Lee\" Family"), 7, QStringLiteral("1 Oak St"), QStringLiteral("Salem, OR  97301"));
     addLabelRow(2, QStringLiteral("Lone"), 8);
+    addPerson(7, 69, QStringLiteral("Al"), QStringLiteral("Lee"));   // stored after Kim: listed after Kim
     addLabelRow(3, QStringLiteral(" "));
+    addLabelRow(4, QStringLiteral("Gone"), 99);   // its listing was deleted after the list was made
 
     const struct { int option; QString line; } cases[] = {
         {313, QStringLiteral("The 'Lee' Family\r")}, {314, QStringLiteral("1 Oak St\rSalem, OR  97301\r")},
         {315, QStringLiteral("Phone: 555-1000\r")}, {316, QStringLiteral("Cell: 555-2000\r")},
         {317, QStringLiteral("Fax: 555-3000\r")}, {318, QStringLiteral("lee@x.org\r")},
         {319, QStringLiteral("Imp Date: 6/2/1990\r")}, {320, QStringLiteral("Say 'hi'\r")},
-        {321, QStringLiteral("  Kim Lee\r")}, {322, QStringLiteral("  Acme\r")}, {323, QStringLiteral("  Phone: 555-4000\r")},
+        {321, QStringLiteral("  Kim Lee\r  Al Lee\r")}, {322, QStringLiteral("  Acme\r")}, {323, QStringLiteral("  Phone: 555-4000\r")},
         {324, QStringLiteral("  DOB: 3/4/1980\r")}, {325, QStringLiteral("  kim@x.org\r")}, {326, QStringLiteral("  Kim note\r")}};
     for (const auto& c : cases) {
         setPieceFields({c.option});
@@ -85,11 +87,43 @@ TEST_F(MailItTest, PieceTextFollowsEachFieldOptionWithAndWithoutIndividuals)
         EXPECT_EQ(data(*w, 0), QStringLiteral("thedata^") + c.line) << c.option;
         const QString lone = c.option == 313 ? QStringLiteral("Lone\r") : QString();
         EXPECT_EQ(data(*w, 1), QStringLiteral("thedata^") + lone) << "a listing without individuals, option " << c.option;
+        const QString gone = c.option == 313 ? QStringLiteral("Gone\r") : QString();
+        EXPECT_EQ(data(*w, 3), QStringLiteral("thedata^") + gone) << "a label whose listing is gone, option " << c.option;
     }
     setPieceFields({});
     FrmMailIt* w = load();
-    EXPECT_EQ(w->ezLabel().pieces(), QStringList(3, QStringLiteral("thedata^"))) << "all off: empty pieces keep their place";
+    EXPECT_EQ(w->ezLabel().pieces(), QStringList(4, QStringLiteral("thedata^"))) << "all off: empty pieces keep their place";
     EXPECT_FALSE(w->ezLabel().items().barcode.visible);
+}
+
+TEST_F(MailItTest, ChooseFieldsStoresThePieceFieldsAndReloadsThePieces)
+{
+    addListing({7, QStringLiteral("The Lee Family"), QStringLiteral("Lee"), 0, {{QStringLiteral("Phone"), QStringLiteral("555-1000")}}});
+    addLabelRow(1, QStringLiteral("The Lee Family"), 7, QStringLiteral("1 Oak St"), QStringLiteral("Salem, OR  97301"));
+    setPieceFields({313});
+    SetNOption(15, 1);   // the report's own choice of the phone
+    FrmMailIt* w = load();
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(data(*w, 0), QStringLiteral("thedata^The Lee Family\r"));
+    dialogs().onModal([](QWidget& d) {
+        auto box = [&](int i) { return control<QCheckBox>(d, QStringLiteral("Checkitem_%1").arg(i)); };
+        EXPECT_EQ(d.windowTitle(), QStringLiteral("Customize Label/Envelope"));
+        EXPECT_FALSE(box(12)->isVisibleTo(&d));
+        EXPECT_TRUE(box(13)->isChecked());
+        EXPECT_FALSE(box(15)->isChecked()) << "the pieces' own choices, not the report's";
+        // On the tick box itself: the box is wider than its caption, and a click beside the caption is no click.
+        for (int i : {13, 14, 15})
+            QTest::mouseClick(box(i), Qt::LeftButton, {}, QPoint(8, box(i)->height() / 2));
+
+        QTest::mouseClick(control<QPushButton>(d, QStringLiteral("CommandOk")), Qt::LeftButton);
+    });
+    QTest::mouseClick(control<QPushButton>(*w, QStringLiteral("CommandCustomize")), Qt::LeftButton);
+    EXPECT_EQ(int(GetNOption(313)), 0);
+    EXPECT_EQ(int(GetNOption(314)), 1);
+    EXPECT_EQ(int(GetNOption(315)), 1);
+    EXPECT_EQ(int(GetNOption(15)), 1);
+    ASSERT_EQ(w->ezLabel().pieces().size(), 1);
+    EXPECT_EQ(data(*w, 0), QStringLiteral("thedata^1 Oak St\rSalem, OR  97301\rPhone: 555-1000\r"));
 }
 
 TEST_F(MailItTest, PagingOfAThirtyUpSheetAndItsButtons)
@@ -160,8 +194,7 @@ TEST_F(MailItTest, AnEnvelopeShowsReturnAddressAndStampAsTheOptionsSay)
         ASSERT_EQ(pieces->count(), 1);
         clickRow(pieces, 0);
         EXPECT_FALSE(control<QLabel>(d, QStringLiteral("lblSize"))->text().isEmpty());
-        if (const QByteArray folder = qgetenv("HB_LABEL_PNG_DIR"); !folder.isEmpty())
-            d.grab().save(QString::fromLocal8Bit(folder) + QStringLiteral("/piece-dialog.png"));
+        keepPicture(&d, QStringLiteral("piece-dialog"));
         control<QDialogButtonBox>(d, QString())->button(QDialogButtonBox::Ok)->click();
     });
     click(*w, QStringLiteral("CommandPiece"));
@@ -171,8 +204,7 @@ TEST_F(MailItTest, AnEnvelopeShowsReturnAddressAndStampAsTheOptionsSay)
     EXPECT_EQ(w->ezLabel().item(FrmMailIt::ReturnAddressItem).text, QStringLiteral("Me\r1 My St"));
     EXPECT_FALSE(w->ezLabel().item(FrmMailIt::StampItem).visible);
     EXPECT_EQ(text(*w, "LabelPagenofn"), QStringLiteral("Page 1 of 2"));
-    if (const QByteArray folder = qgetenv("HB_LABEL_PNG_DIR"); !folder.isEmpty())
-        w->grab().save(QString::fromLocal8Bit(folder) + QStringLiteral("/preview-envelope.png"));
+    keepPicture(w, QStringLiteral("preview-envelope"));
 
     dialogs().onModal([&](QWidget& d) {
         QTest::keyClicks(control<QLineEdit>(d, QStringLiteral("txtSearch")), QStringLiteral("5163 - Shipping"));
@@ -205,6 +237,18 @@ TEST_F(MailItTest, LayoutChangesAreKeptForTheNextSession)
         left->setFocus();
         left->selectAll();
         QTest::keyClicks(left, QStringLiteral("2.5"));
+        EXPECT_DOUBLE_EQ(left->value(), 2.5);
+        // Dragged far to the right and up on the drawing, the box stops at the edges of the piece.
+        auto* picture = control<label::SheetPicture>(d, QStringLiteral("picPiece"));
+        const QPoint from = picture->pointAt({0.025 + 0.46, 0.04 + 0.46}).toPoint();
+        QTest::mousePress(picture, Qt::LeftButton, {}, from);
+        QTest::mouseMove(picture, from + QPoint(40, -10));
+        EXPECT_GT(left->value(), 2.5);
+        QTest::mouseMove(picture, from + QPoint(400, -100));
+        QTest::mouseRelease(picture, Qt::LeftButton, {}, from + QPoint(400, -100));
+        EXPECT_DOUBLE_EQ(left->value(), 8.0) << "a box 92% wide";
+        EXPECT_DOUBLE_EQ(control<QDoubleSpinBox>(d, QStringLiteral("txtItem1_1"))->value(), 0.0);
+        keepPicture(&d, QStringLiteral("layout-dialog"));
         control<QDialogButtonBox>(d, QString())->button(QDialogButtonBox::Ok)->click();
     });
     click(*w, QStringLiteral("CommandLayout"));
@@ -214,7 +258,8 @@ TEST_F(MailItTest, LayoutChangesAreKeptForTheNextSession)
     forms::unload(FrmMailIt::staticFormName());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     FrmMailIt* again = load();
-    EXPECT_NEAR(again->ezLabel().item(FrmMailIt::AddressItem).box.x(), 0.025, 1e-9);
+    EXPECT_NEAR(again->ezLabel().item(FrmMailIt::AddressItem).box.x(), 0.08, 1e-9);
+    EXPECT_NEAR(again->ezLabel().item(FrmMailIt::AddressItem).box.y(), 0.0, 1e-9);
     EXPECT_FALSE(again->ezLabel().item(FrmMailIt::StampItem).visible);
 }
 

@@ -84,17 +84,14 @@ TEST(PieceItemsText, MergeFieldTakesTheValueOfItsField)
     EXPECT_EQ(mergePieceData(QStringLiteral("Plain"), QStringLiteral("thedata^X")), QStringLiteral("Plain"));
 }
 
-TEST(PieceItemsText, LayoutRoundTripsAndBadTextChangesNothing)
+// A stored layout that does not parse leaves the items as they are (its round trip is a window test).
+TEST(PieceItemsText, BadLayoutTextChangesNothing)
 {
     PieceItems a = PieceItems::defaults();
-    a.item(2).box = QRectF(0.1, 0.2, 0.3, 0.25);
     a.item(3).visible = true;
-    PieceItems b = PieceItems::defaults();
-    b.readLayoutText(a.layoutText());
-    EXPECT_EQ(b.layoutText(), a.layoutText());
-    EXPECT_TRUE(b.item(3).visible);
-    b.readLayoutText(QStringLiteral("1,2,3"));
-    EXPECT_EQ(b.layoutText(), a.layoutText());
+    const QString before = a.layoutText();
+    a.readLayoutText(QStringLiteral("1,2,3"));
+    EXPECT_EQ(a.layoutText(), before);
 }
 
 TEST(TextFit, TextThatFitsKeepsItsSizeAndLongTextShrinksToTheLimit)
@@ -106,34 +103,6 @@ TEST(TextFit, TextThatFitsKeepsItsSizeAndLongTextShrinksToTheLimit)
     EXPECT_LT(smaller, 10.0);
     EXPECT_GE(smaller, MinimumTextPoints);
     EXPECT_DOUBLE_EQ(fittedPointSize({QString(200, QLatin1Char('W'))}, font, 150, 60), MinimumTextPoints);
-}
-
-TEST_F(LabelEngine, PagesAndMovesOfAThirtyUpSheet)
-{
-    EXPECT_EQ(control.pageCount(), 1);
-    addPieces(31);
-    EXPECT_EQ(control.pageCount(), 2);
-    control.moveLastPiece();
-    EXPECT_EQ(control.currentPiece(), 31);
-    EXPECT_EQ(control.pageOfPiece(control.currentPiece()), 2);
-    control.moveNextPiece();
-    EXPECT_EQ(control.currentPiece(), 31);
-    control.movePreviousPiece();
-    EXPECT_EQ(control.currentPiece(), 1);
-    control.movePreviousPiece();
-    EXPECT_EQ(control.currentPiece(), 1);
-    control.moveNextPiece();
-    EXPECT_EQ(control.currentPiece(), 31);
-    control.moveFirstPiece();
-    EXPECT_EQ(control.currentPiece(), 1);
-    control.clearPieces();
-    EXPECT_EQ(control.pageCount(), 1);
-}
-
-TEST_F(LabelEngine, UnknownPieceNameKeepsTheSheet)
-{
-    control.setPiecename(QStringLiteral("No Such Sheet"));
-    EXPECT_EQ(control.piecename(), QStringLiteral("5160 - Address"));
 }
 
 TEST_F(LabelEngine, EveryAddressOfAFullSheetLandsInsideItsLabel)
@@ -179,9 +148,12 @@ TEST_F(LabelEngine, AnEnvelopeCarriesTheReturnAddressTopLeftAndTheAddressInTheMi
 {
     if (!havePdfToText())
         GTEST_SKIP() << "pdftotext is missing";
+    control.setPiecename(QStringLiteral("No Such Sheet"));
+    EXPECT_EQ(control.piecename(), QStringLiteral("5160 - Address")) << "an unknown name keeps the sheet";
     control.setPiecename(QStringLiteral("#10 - Envelope 4 1/8 x 9 1/2"));
     control.item(2).text = QStringLiteral("Sender Smith\r1 Home Road\rHometown, ST  11111");
     control.item(2).visible = true;
+    control.item(3).text.clear();   // the stamp: a box to stick it in
     control.item(3).visible = true;
     addPieces(2);
     const QVector<Word> words = pdfWords(printPdf(QStringLiteral("envelope.pdf")));
