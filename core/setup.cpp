@@ -36,7 +36,7 @@ void removeLeftovers()
     const QStringList removed = files::removeLeftovers(
         DataPath, {QStringLiteral("varlo.mdb"), QStringLiteral("varlo.bak"), QStringLiteral("varlo.bak2"),
                    QStringLiteral("export.mdb"), QStringLiteral("varloTemp.mdb"),
-                   QStringLiteral("varlo (original).mdb")});
+                   QStringLiteral("varlo (original).mdb"), QStringLiteral("export (original).mdb")});
     if (!removed.isEmpty())
         DebugLog(QStringLiteral("Removed what an interrupted run left: ") + removed.join(QStringLiteral(", ")));
 }
