@@ -217,24 +217,6 @@ TEST_F(HomebookImportTest, ListingsComeWithTheirIndividualsUnderTypesFoundByName
     EXPECT_FALSE(people.value("PersonListed").toBool());
 }
 
-TEST_F(HomebookImportTest, ASecondListingOfTheSameNewTypeStopsTheImport)
-{
-    Database other = homebookFile();
-    other.execute(QStringLiteral("insert into RoofType (RoofTypeNumber, Description) values (9, 'Clubs')"));
-    fileListing(other, 1, 9, QStringLiteral("Chess Club"));
-    fileListing(other, 2, 9, QStringLiteral("Go Club"));
-    other.close();
-    importFrom("OptionImportHomebook", programDir() + QStringLiteral("other.mdb"), 0,
-               [&] { dialogs().answer(ui::AnswerYes); });
-    const auto& shown = dialogs().messages();
-    ASSERT_GE(shown.size(), 2u);
-    EXPECT_TRUE(shown[shown.size() - 2].text.contains(QStringLiteral(" Location: ImportQuillon\n Error: 3022")))
-        << shown[shown.size() - 2].text.toStdString();
-    EXPECT_EQ(lastMessage().text, QStringLiteral("Import was Cancelled"));
-    EXPECT_EQ(roofCount(), 1);
-    EXPECT_EQ(typeOf(QStringLiteral("Chess Club")), QStringLiteral("Clubs"));
-}
-
 TEST_F(HomebookImportTest, TheSportsLookupsFailOnTheBookAndCountWhereTheTablesExist)
 {
     bool found = true;
