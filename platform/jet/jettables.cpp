@@ -47,6 +47,9 @@ Table openTable(MdbCatalogEntry* entry, const FileChecks& checks)
     Table table(mdb_read_table(entry));
     if (!table || !mdb_read_columns(table.get()) || table->num_cols != table->columns->len)
         throw JetFault("a table definition cannot be read");
+    // The map of the table's pages, which libmdb reads without looking whether it has one.
+    if (!table->usage_map || table->map_sz < 1)
+        throw JetFault("a table has no map of its pages");
     mdb_read_indices(table.get());  // always null: the indexes land in the table
     if (!table->indices || table->indices->len != table->num_idxs)
         throw JetFault("the indexes of a table cannot be read");
