@@ -94,6 +94,11 @@ TEST_F(JetDatabase, ValuesReadAsTheProgramReadsThemFromItsOwnFiles)
     EXPECT_DOUBLE_EQ(row.value("H").toDouble(), 3.5);  // currency
     EXPECT_EQ(row.value("I").toInt(), -1);
     EXPECT_EQ(row.value("E").toInt(), 333333333);
+    // Jet 3 keeps text in the file's code page, Jet 4 in (compressed) Unicode.
+    for (const char* file : {"jackcess/test2V1997.mdb", "jackcess/test2V2000.mdb"}) {
+        Database project = Database::open(jettest::dataFile(file));
+        EXPECT_EQ(project.openRecordset("MSP_PROJECTS").value("PROJ_OPT_CURRENCY_SYMBOL").toString(), u"\u00a3") << file;
+    }
 }
 
 TEST_F(JetDatabase, TheQueriesOfTheImportersRunAsOnOurOwnFiles)
