@@ -3,6 +3,8 @@
 #include "jet_support.h"
 #include "storage_fixture.h"
 
+#include "platform/jet/jetisolated.h"
+
 #include <QDirIterator>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -68,6 +70,20 @@ TEST(JetCorpus, EveryInputThatOnceBrokeTheReaderOpensCleanlyOrAsADamagedFile)
     EXPECT_GE(files.size(), 2);
     for (const QString& file : files)
         expectCleanOrDamaged(file);
+}
+
+// The child that reads a file is ended when it runs out of time, and the parent is told so.
+TEST(JetCorpus, AReaderThatRunsOutOfTimeIsEndedAndTheFileTakenAsDamaged)
+{
+    QFile file(jettest::dataFile("homebook_v2.mdb"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    jettest::CsvSink sink(QStringLiteral("Roof"));
+    EXPECT_THROW(hb::jet::readJetFileIsolated(bytes, sink, 0), hb::jet::JetFault);
+    EXPECT_TRUE(sink.rows.isEmpty());
+
+    hb::jet::readJetFileIsolated(bytes, sink, hb::jet::readingTimeLimitMs(bytes.size()));
+    EXPECT_EQ(sink.rows.size(), 13);  // the header and twelve listings
 }
 
 }  // namespace
