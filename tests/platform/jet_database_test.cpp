@@ -3,9 +3,12 @@
 #include "jet_support.h"
 #include "storage_fixture.h"
 
+#include "platform/jet/jetvalues.h"
 #include "platform/storage/originalfile.h"
 
 #include <QCryptographicHash>
+
+#include <cmath>
 #include <QTemporaryDir>
 
 namespace {
@@ -99,6 +102,18 @@ TEST_F(JetDatabase, ValuesReadAsTheProgramReadsThemFromItsOwnFiles)
         Database project = Database::open(jettest::dataFile(file));
         EXPECT_EQ(project.openRecordset("MSP_PROJECTS").value("PROJ_OPT_CURRENCY_SYMBOL").toString(), u"\u00a3") << file;
     }
+}
+
+// The engine counts days from 1899-12-30; before it, the whole days go back and the time still runs forward.
+TEST(JetDates, DaysOfTheOriginalEngineBecomeOurDates)
+{
+    EXPECT_EQ(hb::jet::dateText(0), "1899-12-30");
+    EXPECT_EQ(hb::jet::dateText(36526), "2000-01-01");
+    EXPECT_EQ(hb::jet::dateText(21975.75), "1960-02-29 18:00:00");
+    EXPECT_EQ(hb::jet::dateText(-1.25), "1899-12-29 06:00:00");
+    EXPECT_EQ(hb::jet::dateText(1.9999999), "1900-01-01");  // rounds to the next midnight
+    EXPECT_EQ(hb::jet::dateText(std::nan("")), "");
+    EXPECT_EQ(hb::jet::dateText(1e300), "");
 }
 
 TEST_F(JetDatabase, TheQueriesOfTheImportersRunAsOnOurOwnFiles)
