@@ -75,9 +75,9 @@ TableDef definitionOf(const MdbTableDef& table, std::vector<Kept>& kept)
         const auto* index = static_cast<const MdbIndex*>(g_ptr_array_index(table.indices, i));
         if (index->index_type == 2)
             continue;
-        const IndexDef def2 = indexOf(*index, table, fieldOfColumn);
-        if (!def2.fields.isEmpty())
-            def.indexes << def2;
+        const IndexDef converted = indexOf(*index, table, fieldOfColumn);
+        if (!converted.fields.isEmpty())
+            def.indexes << converted;
     }
     return def;
 }
