@@ -1,12 +1,12 @@
 #include "platform/jet/jetreader.h"
 
 #include "platform/jet/jetcheck.h"
-#include "platform/jet/jetvalues.h"
+#include "platform/jet/jettables.h"
 
-#include <mdbtools.h>
+#include <QHash>
 
-#include <memory>
-#include <vector>
+#include <cstring>
+#include <deque>
 
 namespace hb::jet {
 namespace {
@@ -14,121 +14,71 @@ namespace {
 struct HandleCloser {
     void operator()(MdbHandle* mdb) const { mdb_close(mdb); }
 };
-struct TableFreer {
-    void operator()(MdbTableDef* table) const { mdb_free_tabledef(table); }
-};
 using Handle = std::unique_ptr<MdbHandle, HandleCloser>;
-using Table = std::unique_ptr<MdbTableDef, TableFreer>;
 
-// A column of the file that becomes a field of ours.
-struct Kept {
-    int column;
-    FieldType type;
+// The rows of a system table, each by its field names in lower case.
+class NamedRows : public TableSink {
+public:
+    QList<QHash<QString, QVariant>> rows;
+
+    void beginTable(const TableDef& def) override
+    {
+        m_names.clear();
+        for (const FieldDef& field : def.fields)
+            m_names << field.name.toLower();
+    }
+    void row(const QVariantList& values) override
+    {
+        QHash<QString, QVariant> named;
+        for (int i = 0; i < values.size(); ++i)
+            named.insert(m_names[i], values[i]);
+        rows << named;
+    }
+
+private:
+    QStringList m_names;
 };
 
-// Reads the table's columns and indexes; a table whose definition libmdb cannot read whole is a fault.
-Table openTable(MdbCatalogEntry* entry, const FileChecks& checks)
+// The entries of the catalogue live as long as the tables read through them.
+using Catalogue = std::deque<MdbCatalogEntry>;
+
+MdbCatalogEntry& addEntry(Catalogue& catalogue, MdbHandle* mdb, const QString& name, int type, quint32 page, int flags)
 {
-    checks.tableDefinition(entry->table_pg);
-    Table table(mdb_read_table(entry));
-    if (!table || !mdb_read_columns(table.get()) || table->num_cols != table->columns->len)
-        throw JetFault("a table definition cannot be read");
-    mdb_read_indices(table.get());  // always null: the indexes land in the table
-    if (!table->indices || table->indices->len != table->num_idxs)
-        throw JetFault("the indexes of a table cannot be read");
-    return table;
+    MdbCatalogEntry& entry = catalogue.emplace_back();
+    std::memset(&entry, 0, sizeof entry);
+    entry.mdb = mdb;
+    const QByteArray utf8 = name.toUtf8();
+    std::strncpy(entry.object_name, utf8.constData(), MDB_MAX_OBJ_NAME);
+    entry.object_type = type;
+    entry.table_pg = page;
+    entry.flags = flags;
+    return entry;
 }
 
-IndexDef indexOf(const MdbIndex& index, const MdbTableDef& table, const QList<int>& fieldOfColumn)
+void readNamedRows(MdbCatalogEntry& entry, const FileChecks& checks, NamedRows& rows)
 {
-    IndexDef def;
-    def.name = QString::fromUtf8(index.name);
-    def.primary = index.index_type == 1;
-    def.unique = def.primary || (index.flags & MDB_IDX_UNIQUE);
-    for (unsigned key = 0; key < index.num_keys && key < MDB_MAX_IDX_COLS; ++key) {
-        const int column = index.key_col_num[key] - 1;
-        if (column < 0 || column >= int(table.num_cols) || fieldOfColumn[column] < 0)
-            return {};
-        def.fields << QString::fromUtf8(
-            static_cast<MdbColumn*>(g_ptr_array_index(table.columns, column))->name);
-    }
-    return def;
+    Table table = openTable(&entry, checks);
+    std::vector<Kept> kept;
+    rows.beginTable(definitionOf(*table, kept));
+    readRows(*table, kept, checks, rows);
 }
 
-// The table in our terms. Indexes that stand for a relation (type 2) are the relation's, and come back
-// through its definition.
-TableDef definitionOf(const MdbTableDef& table, std::vector<Kept>& kept)
+// MSysObjects read as any table, rather than by libmdb's catalogue, which trusts the properties that each
+// row carries. The properties are not read: every text field allows zero-length values, none is required.
+Catalogue readCatalogue(MdbHandle* mdb, const FileChecks& checks)
 {
-    TableDef def;
-    def.name = QString::fromUtf8(table.name);
-    QList<int> fieldOfColumn;
-    for (unsigned column = 0; column < table.num_cols; ++column) {
-        const std::optional<FieldDef> field = fieldOf(table, int(column));
-        fieldOfColumn << (field ? int(def.fields.size()) : -1);
-        if (!field)
+    Catalogue catalogue;
+    NamedRows objects;
+    readNamedRows(addEntry(catalogue, mdb, QStringLiteral("MSysObjects"), MDB_TABLE, 2, int(0x80000000u)), checks,
+                  objects);
+    for (const auto& row : objects.rows) {
+        if (row.value(QStringLiteral("type")).toInt() != MDB_TABLE)
             continue;
-        def.fields << *field;
-        kept.push_back({int(column), field->type});
+        addEntry(catalogue, mdb, row.value(QStringLiteral("name")).toString(), MDB_TABLE,
+                 quint32(row.value(QStringLiteral("id")).toLongLong()) & 0x00ffffffu,
+                 int(row.value(QStringLiteral("flags")).toLongLong()));
     }
-    for (unsigned i = 0; i < table.num_idxs && table.indices && i < table.indices->len; ++i) {
-        const auto* index = static_cast<const MdbIndex*>(g_ptr_array_index(table.indices, i));
-        if (index->index_type == 2)
-            continue;
-        const IndexDef def2 = indexOf(*index, table, fieldOfColumn);
-        if (!def2.fields.isEmpty())
-            def.indexes << def2;
-    }
-    return def;
-}
-
-// A field's bytes lie inside its row; a memo's pages are walked before libmdb follows them.
-void checkField(const FileChecks& checks, MdbTableDef& table, const MdbField& field, int rowStart, std::size_t rowSize)
-{
-    const auto* column = static_cast<const MdbColumn*>(g_ptr_array_index(table.columns, field.colnum));
-    if (field.is_null || column->col_type == MDB_BOOL)
-        return;
-    if (field.siz < 0 || field.start < rowStart || qint64(field.start) + field.siz > rowStart + qint64(rowSize))
-        throw JetFault("a field lies outside its row");
-    if (column->col_type == MDB_MEMO && field.siz > 0) {
-        MdbHandle* mdb = table.entry->mdb;
-        checks.memo(mdb->pg_buf + field.start, field.siz);
-        // libmdb gives a memo no more bytes than its bind size: room for the whole text in UTF-8.
-        const std::size_t length = mdb_get_int32(mdb->pg_buf, field.start) & 0x3fffffff;
-        mdb_set_bind_size(mdb, qMax<std::size_t>(MDB_BIND_SIZE, length * 3 + 16));
-    }
-}
-
-// Rows in the order they lie in the file. A table that gives fewer rows than its definition counts has
-// lost pages.
-void readRows(MdbTableDef& table, const std::vector<Kept>& kept, const FileChecks& checks, TableSink& sink)
-{
-    MdbHandle* mdb = table.entry->mdb;
-    std::vector<MdbField> fields(table.num_cols + 1);
-    QVariantList values;
-    values.reserve(qsizetype(kept.size()));
-    mdb_rewind_table(&table);
-    qint64 count = 0;
-    while (mdb_fetch_row(&table)) {
-        if (++count > checks.rowLimit())
-            throw JetFault("a table has more rows than its file can hold");
-        int start = 0;
-        std::size_t size = 0;
-        if (mdb_find_row(mdb, int(table.cur_row) - 1, &start, &size) != 0)
-            throw JetFault("a row lies outside its page");
-        start &= 0x1fff;
-        checks.row(table, mdb->pg_buf, start, size);
-        if (mdb_crack_row(&table, start, size, fields.data()) < 0)
-            throw JetFault("a row cannot be read");
-        values.clear();
-        for (const Kept& field : kept) {
-            const MdbField& f = fields[std::size_t(field.column)];
-            checkField(checks, table, f, start, size);
-            values << valueOf(table, field.column, field.type, f.start, f.siz, f.is_null);
-        }
-        sink.row(values);
-    }
-    if (count < qint64(table.num_rows))
-        throw JetFault("a table has lost rows that its definition counts");
+    return catalogue;
 }
 
 // The enforced one-field relations of the file, from MSysRelationships: one row a field of a relation.
@@ -137,47 +87,27 @@ struct RelationOf {
     RelationDef def;
 };
 
-class RelationRows : public TableSink {
-public:
-    QList<RelationOf> relations;
-
-    void beginTable(const TableDef& def) override { m_def = def; }
-    void row(const QVariantList& values) override
-    {
-        const auto at = [&](const char* name) {
-            for (int i = 0; i < m_def.fields.size(); ++i) {
-                if (m_def.fields[i].name.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
-                    return values[i];
-            }
-            return QVariant();
-        };
-        const qint64 flags = at("grbit").toLongLong();
-        constexpr qint64 notEnforced = 0x2, cascadeDelete = 0x1000;
-        if (at("ccolumn").toInt() != 1 || (flags & notEnforced))
-            return;
-        RelationOf relation;
-        relation.child = at("szObject").toString();
-        relation.def = {at("szRelationship").toString(), at("szColumn").toString(),
-                        at("szReferencedObject").toString(), at("szReferencedColumn").toString(),
-                        bool(flags & cascadeDelete)};
-        relations << relation;
-    }
-
-private:
-    TableDef m_def;
-};
-
-QList<RelationOf> readRelations(MdbHandle* mdb, const FileChecks& checks)
+QList<RelationOf> readRelations(Catalogue& catalogue, const FileChecks& checks)
 {
-    MdbCatalogEntry* entry = mdb_get_catalogentry_by_name(mdb, "MSysRelationships");
-    RelationRows rows;
-    if (!entry || entry->object_type != MDB_TABLE)
+    const auto found = std::find_if(catalogue.begin(), catalogue.end(), [](const MdbCatalogEntry& entry) {
+        return std::strcmp(entry.object_name, "MSysRelationships") == 0;
+    });
+    if (found == catalogue.end())
         return {};
-    Table table = openTable(entry, checks);
-    std::vector<Kept> kept;
-    rows.beginTable(definitionOf(*table, kept));
-    readRows(*table, kept, checks, rows);
-    return rows.relations;
+    NamedRows rows;
+    readNamedRows(*found, checks, rows);
+    QList<RelationOf> relations;
+    constexpr qint64 notEnforced = 0x2, cascadeDelete = 0x1000;
+    for (const auto& row : rows.rows) {
+        const auto text = [&](const char* name) { return row.value(QLatin1String(name)).toString(); };
+        const qint64 flags = row.value(QStringLiteral("grbit")).toLongLong();
+        if (row.value(QStringLiteral("ccolumn")).toInt() != 1 || (flags & notEnforced))
+            continue;
+        relations.append({text("szobject"), RelationDef{text("szrelationship"), text("szcolumn"),
+                                                        text("szreferencedobject"), text("szreferencedcolumn"),
+                                                        bool(flags & cascadeDelete)}});
+    }
+    return relations;
 }
 
 }  // namespace
@@ -186,19 +116,17 @@ void readJetFile(const QByteArray& bytes, TableSink& sink)
 {
     const FileChecks checks(bytes);
     QByteArray buffer = bytes;  // libmdb reads from a buffer of its own
-    Handle mdb(mdb_open_buffer(buffer.data(), size_t(buffer.size()), MDB_NOFLAGS));
+    Handle mdb(mdb_open_buffer(buffer.data(), std::size_t(buffer.size()), MDB_NOFLAGS));
     if (!mdb)
         throw JetFault("not a file of the original engine");
     if (mdb->fmt->pg_size != checks.pageSize())
         throw JetFault("libmdb reads the file in another format than its header gives");
-    if (!mdb_read_catalog(mdb.get(), MDB_TABLE))
-        throw JetFault("the catalogue cannot be read");
-    const QList<RelationOf> relations = readRelations(mdb.get(), checks);
-    for (unsigned i = 0; i < mdb->num_catalog && i < mdb->catalog->len; ++i) {
-        auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(mdb->catalog, i));
-        if (entry->object_type != MDB_TABLE || !mdb_is_user_table(entry))
+    Catalogue catalogue = readCatalogue(mdb.get(), checks);
+    const QList<RelationOf> relations = readRelations(catalogue, checks);
+    for (MdbCatalogEntry& entry : catalogue) {
+        if (!mdb_is_user_table(&entry))
             continue;
-        Table table = openTable(entry, checks);
+        Table table = openTable(&entry, checks);
         std::vector<Kept> kept;
         TableDef def = definitionOf(*table, kept);
         for (const RelationOf& relation : relations) {

@@ -17,12 +17,6 @@ MdbColumn& columnAt(const MdbTableDef& table, int column)
     return *static_cast<MdbColumn*>(g_ptr_array_index(table.columns, column));
 }
 
-bool propertyIs(const MdbColumn& column, const char* name, const char* value)
-{
-    const char* text = mdb_col_get_prop(&column, name);
-    return text && g_ascii_strcasecmp(text, value) == 0;
-}
-
 // Text sizes are in bytes in the file: two a character in Jet 4.
 int textCharacters(const MdbTableDef& table, const MdbColumn& column)
 {
@@ -121,11 +115,8 @@ std::optional<FieldDef> fieldOf(const MdbTableDef& table, int column)
         field.size = textCharacters(table, col);
     else if (col.col_type == MDB_REPID)
         field.size = 38;
-    if (*type == FieldType::Text || *type == FieldType::Memo) {
-        // A file without the properties is taken as the lenient one: every value it holds must fit.
-        field.allowZeroLength = !propertyIs(col, "AllowZeroLength", "no");
-    }
-    field.required = propertyIs(col, "Required", "yes");
+    // The column properties are not read (see readCatalogue): the lenient rules, so that every value fits.
+    field.allowZeroLength = *type == FieldType::Text || *type == FieldType::Memo;
     return field;
 }
 

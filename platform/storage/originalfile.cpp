@@ -1,7 +1,7 @@
 #include "platform/storage/originalfile.h"
 
 #include "platform/files.h"
-#include "platform/jet/jetreader.h"
+#include "platform/jet/jetisolated.h"
 #include "platform/storage/connection.h"
 #include "platform/storage/errors.h"
 #include "platform/storage/schema.h"
@@ -90,7 +90,9 @@ std::shared_ptr<Connection> loadOriginalFile(const QString& path)
         run(*connection, QStringLiteral("PRAGMA foreign_keys=OFF"));
         run(*connection, QStringLiteral("BEGIN"));
         ConnectionSink sink(*connection);
-        hb::jet::readJetFile(bytes, sink);
+        // libmdb does not check all it reads: a file that gets past our checks and still breaks it takes
+        // only the child process down.
+        hb::jet::readJetFileIsolated(bytes, sink, hb::jet::readingTimeLimitMs(bytes.size()));
         sink.finish();
         run(*connection, QStringLiteral("COMMIT"));
         run(*connection, QStringLiteral("PRAGMA foreign_keys=ON"));
