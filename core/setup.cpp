@@ -1,6 +1,7 @@
 #include "core/setup.h"
 
 #include "core/errors.h"
+#include "core/migration.h"
 #include "core/misc.h"
 #include "core/session.h"
 #include "core/upgrades.h"
@@ -34,9 +35,18 @@ void removeLeftovers()
 {
     const QStringList removed = files::removeLeftovers(
         DataPath, {QStringLiteral("varlo.mdb"), QStringLiteral("varlo.bak"), QStringLiteral("varlo.bak2"),
-                   QStringLiteral("export.mdb"), QStringLiteral("varloTemp.mdb")});
+                   QStringLiteral("export.mdb"), QStringLiteral("varloTemp.mdb"),
+                   QStringLiteral("varlo (original).mdb"), QStringLiteral("export (original).mdb")});
     if (!removed.isEmpty())
         DebugLog(QStringLiteral("Removed what an interrupted run left: ") + removed.join(QStringLiteral(", ")));
+}
+
+// A main database or exchange shell that the original program wrote, put here or restored from an old
+// backup, is converted once; the upgrades then bring it up to date like any older file.
+void migrateOriginalFiles(StandardHandler& handler)
+{
+    for (const char* name : {"varlo.mdb", "export.mdb"})
+        handler.run([name] { migrateOriginalFile(DataPath + QString::fromLatin1(name)); });
 }
 
 void openMainDatabase(StandardHandler& handler)
@@ -171,6 +181,7 @@ void Setup()
         }
         CopyFile(DataPath + QStringLiteral("hb10db.shell"), DataPath + QStringLiteral("varlo.mdb"));
     }
+    migrateOriginalFiles(handler);
 
     for (;;) {
         // One stored name serves the test for the file and its opening on a case-sensitive file system.

@@ -8,6 +8,7 @@
 #include "core/misc.h"
 #include "core/session.h"
 #include "core/setup.h"
+#include "platform/files.h"
 #include "platform/storage/safecopy.h"
 #include "platform/ui/folderlists.h"
 #include "platform/ui/windowservice.h"
@@ -72,6 +73,10 @@ bool FrmBackup::copyWithDatabaseClosed(const QString& chosen, bool backUp)
         if (backUp) {
             CompactAddressDatabase();
             storage::copyDatabaseFile(mainFile, chosen + QStringLiteral("varlo.mdb"));
+        } else if (Database::isOriginalFile(chosen + File1->fileName())) {
+            // A backup of the original program is no file of this engine: it is put in place as it is,
+            // and the start that follows converts it.
+            files::copyFileAtomically(chosen + File1->fileName(), mainFile);
         } else {
             storage::copyDatabaseFile(chosen + File1->fileName(), mainFile);
         }

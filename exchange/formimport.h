@@ -11,6 +11,8 @@ class QRadioButton;
 
 namespace hb {
 
+struct ImportCounters;
+
 // "Import": the source, its file and the address type of an import. Every way out of an import ends in a
 // rebuilt listings window.
 class FormImport : public Form {
@@ -46,6 +48,11 @@ private:
     QString currentSource() const;
     void runSource();
     void rebuildListings();
+    // Shared by the readers of the other products' files.
+    QString sourcePath() const;
+    qint32 chosenType() const;
+    qint32 knownType(const QString& description) const;
+    void finishReader(const ImportCounters& counters);
 
     QGroupBox* Frame2;
     QRadioButton *OptionImportHomebook, *OptionImportCD, *OptionImportBK, *OptionImportQuillon;

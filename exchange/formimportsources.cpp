@@ -1,25 +1,40 @@
-// The readers of the other sources of the import window. They come with their own files; until then the
-// window says plainly that the source cannot be read.
+// What the readers of the other products' files share with the import window: the file and type they
+// read from it, and how every reader ends.
 
 #include "exchange/formimport.h"
 
-#include "core/session.h"
+#include "exchange/importdriver.h"
+#include "exchange/importwindows.h"
 #include "platform/ui/windowservice.h"
+
+#include <QComboBox>
+#include <QLineEdit>
 
 namespace hb {
 
-namespace {
+QString FormImport::sourcePath() const { return TextFileLocation->text().trimmed(); }
 
-void notYet()
+qint32 FormImport::chosenType() const { return ComboCategory->currentData().toInt(); }
+
+// The number of the address type whose name matches, in any letter case; -1 when none does. Line 0,
+// "No Type Assigned", is left out: no listing of a source comes with it.
+qint32 FormImport::knownType(const QString& description) const
 {
-    ui::msgBox(QStringLiteral("Importing from this source is not available in this version."), MsgWarning,
-               QStringLiteral("Import Error"));
+    const QString wanted = description.toLower();
+    for (int line = 1; line < ComboCategory->count(); ++line) {
+        if (ComboCategory->itemText(line).trimmed().toLower() == wanted)
+            return ComboCategory->itemData(line).toInt();
+    }
+    return -1;
 }
 
-} // namespace
-
-void FormImport::ImportBK() { notYet(); }
-void FormImport::ImportHB() { notYet(); }
-void FormImport::ImportQuillon() { notYet(); }
+void FormImport::finishReader(const ImportCounters& counters)
+{
+    ShowImportSummary(counters);
+    ui::windows().setBusy(false);
+    importwindows::unloadImportWindows();
+    setFormVisible(false);
+    forms::unload(staticFormName());
+}
 
 } // namespace hb

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/storage/connection.h"
 #include "platform/storage/errors.h"
+#include "platform/storage/originalfile.h"
 #include "platform/storage/schema.h"
 
 #include <QDir>
@@ -47,6 +48,8 @@ Database Database::open(const QString& path, bool exclusive, bool readOnly, cons
 {
     Q_UNUSED(exclusive);
     Q_UNUSED(connect);
+    if (hb::storage::isOriginalEngineFile(path))
+        return Database(hb::storage::openOriginalFile(path));
     return Database(hb::storage::openConnection(path, readOnly ? OpenMode::ReadOnly : OpenMode::Existing));
 }
 
@@ -147,4 +150,14 @@ void Database::compact(const QString& source, const QString& target)
     } catch (const hb::files::FileError& failure) {
         throw engineError(failure.reason() == hb::files::FileFailure::DiskFull ? 3026 : 3051, {target});
     }
+}
+
+bool Database::isOriginalFile(const QString& path)
+{
+    return hb::storage::isOriginalEngineFile(path);
+}
+
+void Database::convertOriginalFile(const QString& source, const QString& target)
+{
+    hb::storage::convertOriginalFile(source, target);
 }

@@ -23,6 +23,8 @@ public:
     // Opens an existing file: a missing one is 3024, one that is no database
     // 3343. There are no passwords in this engine: the connect string
     // (";pwd=...") is accepted and ignored, as is the exclusive flag.
+    // A file of the original engine (see platform/storage/originalfile.h)
+    // opens read-only, whatever readOnly says.
     static Database open(const QString& path, bool exclusive = false, bool readOnly = false,
                          const QString& connect = {});
     // A new empty database file; 3204 when the file exists.
@@ -49,6 +51,14 @@ public:
     // and renamed over it, so the target is replaced atomically. Fails with
     // DbError when the source is missing or not a database.
     static void compact(const QString& source, const QString& target);
+
+    // True when path is a file of the original engine, which open() reads
+    // but never writes; convertOriginalFile() makes a file of ours from it.
+    static bool isOriginalFile(const QString& path);
+    // Writes a file of this engine with the whole content of the original
+    // engine's file source at target, beside it and renamed over it when
+    // whole. The source is only read; 3343 when it cannot be read whole.
+    static void convertOriginalFile(const QString& source, const QString& target);
 
 private:
     explicit Database(std::shared_ptr<hb::storage::Connection> connection);

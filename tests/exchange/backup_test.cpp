@@ -216,3 +216,23 @@ TEST_F(BackupTest, AFolderThatCanNotBeWrittenGivesAClearMessageAndTheDatabaseSta
     EXPECT_EQ(scalar(QStringLiteral("select count(*) from Person")).toInt(), 1);
     EXPECT_TRUE(QDir(folder).entryList(QDir::Files | QDir::Hidden).isEmpty());
 }
+
+TEST_F(BackupTest, ABackUpOfTheOriginalProgramIsConvertedKeptBesideAndUpgraded)
+{
+    const QString folder = otherFolder(QStringLiteral("original"));
+    const QString source = QStringLiteral(HB_SOURCE_DIR "/tests/data/jet/homebook_v1.mdb");
+    ASSERT_TRUE(QFile::copy(source, folder + QStringLiteral("/varlo.mdb")));
+    ASSERT_TRUE(restoreFrom(folder));
+    EXPECT_EQ(lastMessage().title, QStringLiteral("Restore Complete"));
+    EXPECT_DOUBLE_EQ(scalar(QStringLiteral("select programversion from ProgramVersion")).toDouble(), 2.0);
+    EXPECT_EQ(scalar(QStringLiteral("select count(*) from Roof")).toInt(), 6);
+    auto* book = forms::loaded<FrmAddressBook>();
+    ASSERT_NE(book, nullptr);
+    EXPECT_EQ(part<ui::ListBox>(*book, "lstAddressBook")->listCount(), 6);
+    QFile original(source), kept(dataDir() + QStringLiteral("varlo (original).mdb")),
+        backup(folder + QStringLiteral("/varlo.mdb"));
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly) && kept.open(QIODevice::ReadOnly) && backup.open(QIODevice::ReadOnly));
+    const QByteArray bytes = original.readAll();
+    EXPECT_TRUE(kept.readAll() == bytes);
+    EXPECT_TRUE(backup.readAll() == bytes) << "the backup is only read";
+}

@@ -240,3 +240,19 @@ TEST_F(ImportTest, ChangeAllAndSkipAllStandForTheRestOfTheRunAcrossImports)
     EXPECT_TRUE(ImportSkipAll);
     EXPECT_FALSE(ImportChangeAll);
 }
+
+TEST_F(ImportTest, AnExchangeFileOfTheOriginalProgramIsReadAsItIs)
+{
+    const QString source = QStringLiteral(HB_SOURCE_DIR "/tests/data/jet/homebook_v1.mdb");
+    const QString copy = folder + QStringLiteral("/old names.mdb");
+    ASSERT_TRUE(QFile::copy(source, copy));
+    ASSERT_TRUE(Database::isOriginalFile(copy));
+    ASSERT_TRUE(importFile(QStringLiteral("old names.mdb")));
+    EXPECT_EQ(lastMessage().text, completion(6, 0));
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Roof")), 7);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Person")), 10);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Roof where RoofName = 'Vince & Carla D''Angelo'")), 1);
+    QFile original(source), imported(copy);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly) && imported.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(original.readAll() == imported.readAll()) << "the file is only read";
+}
