@@ -8,7 +8,7 @@
 #include <QStandardPaths>
 
 #ifndef HB_SHARE_FROM_BIN
-#define HB_SHARE_FROM_BIN "../share/homebook"
+#define HB_SHARE_FROM_BIN "../share/homebook/"
 #endif
 
 namespace hb {
@@ -47,13 +47,17 @@ QString userProgramFolder()
 
 ProgramFolders chooseFolders(const QString& appPath, bool appPathWritable)
 {
+    const QString own = appPath + QStringLiteral("Data/");
+    // A portable copy that has its database keeps it, even on a folder it may only read.
+    if (QFileInfo::exists(own + QStringLiteral("varlo.mdb")))
+        return {own, appPath, own};
     const QString share = installedShareFolder(appPath);
     if (!share.isEmpty())
         return {userProgramFolder() + QStringLiteral("Data/"), share, share};
     if (appPathWritable)
-        return {appPath + QStringLiteral("Data/"), appPath, appPath + QStringLiteral("Data/")};
+        return {own, appPath, own};
     // A copy on a folder it cannot write (a shared drive): its own blank databases start the user's data.
-    return {userProgramFolder() + QStringLiteral("Data/"), appPath, appPath + QStringLiteral("Data/")};
+    return {userProgramFolder() + QStringLiteral("Data/"), appPath, own};
 }
 
 ProgramFolders chooseFolders(const QString& appPath) { return chooseFolders(appPath, isWritableFolder(appPath)); }

@@ -23,7 +23,8 @@ QString installedShareFolder(const QString& appPath);
 // The user's own folder for the program's data, with a trailing '/'.
 QString userProgramFolder();
 
-// The folders of a program that runs from appPath (with a trailing '/').
+// The folders of a program that runs from appPath (with a trailing '/'): its own "Data" when that holds
+// the database or when appPath may be written and the copy is not installed, else the user's folder.
 ProgramFolders chooseFolders(const QString& appPath, bool appPathWritable);
 ProgramFolders chooseFolders(const QString& appPath);
 

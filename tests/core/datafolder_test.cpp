@@ -145,5 +145,8 @@ TEST_F(DataFolderRuleTest, AProgramFolderThatCannotBeWrittenStartsTheUsersDataFr
     EXPECT_TRUE(QFile::exists(folders.data + QStringLiteral("hb10db.shell")));
     EXPECT_TRUE(QFile::exists(folders.data + QStringLiteral("export.mdb")));
     EXPECT_FALSE(QFile::exists(folders.data + QStringLiteral("varlo.mdb"))) << "the database itself is Setup's";
+
+    ASSERT_TRUE(setup());  // a portable copy that has made its database ...
+    EXPECT_EQ(chooseFolders(programDir(), false).data, dataDir()) << "... keeps it on a folder it may only read";
     qputenv("XDG_DATA_HOME", previous);
 }
