@@ -26,7 +26,8 @@ FrmMDI::FrmMDI() : workArea_(new QMdiArea(this)), PictureFont_(new QLabel(this))
     setObjectName(QStringLiteral("FrmMDI"));
     setWindowTitle(QStringLiteral("Quillon Homebook v2.0"));
     workArea_->setObjectName(QStringLiteral("MDIClient"));
-    workArea_->setBackground(QColor(128, 128, 128));
+    // The desktop's own shade behind the windows, light or dark as the user has chosen.
+    workArea_->setBackground(palette().brush(QPalette::Dark));
     setCentralWidget(workArea_);
     PictureFont_->setObjectName(QStringLiteral("PictureFont"));
     PictureFont_->hide();

@@ -81,7 +81,7 @@ void WebPage(const QString& url)
 
 namespace {
 
-QString helpFolder() { return AppPath + QStringLiteral("help"); }
+QString helpFolder() { return ResourcePath + QStringLiteral("help"); }
 
 void helpMissing()
 {

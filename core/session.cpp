@@ -14,6 +14,7 @@ Recordset VersionRS, NumberOptionsRS, StringOptionsRS, CompactRS;
 QString SQL;
 QString AppPath;
 QString DataPath;
+QString ResourcePath;
 QString DatabaseName;
 QString HelpFile;
 
@@ -68,6 +69,7 @@ void resetSession()
     SQL.clear();
     AppPath.clear();
     DataPath.clear();
+    ResourcePath.clear();
     DatabaseName.clear();
     HelpFile.clear();
     PieceName.clear();

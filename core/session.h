@@ -21,9 +21,10 @@ extern Recordset VersionRS, NumberOptionsRS, StringOptionsRS, CompactRS;
 // One scratch string for SQL text; nobody relies on its value across a call.
 extern QString SQL;
 extern QString AppPath;       // the executable's directory, with a trailing separator
-extern QString DataPath;      // AppPath + "Data/"
+extern QString DataPath;      // AppPath + "Data/", or the user's data folder + "Data/" when AppPath is not ours to write
+extern QString ResourcePath;  // the help and other read-only files: AppPath, or the installed share folder
 extern QString DatabaseName;  // DataPath + "varlo.MDB"
-extern QString HelpFile;      // AppPath + "help/HBHELP.HLP", the name the help is known by
+extern QString HelpFile;      // ResourcePath + "help/HBHELP.HLP", the name the help is known by
 
 // Session settings, cached at start and written back at the end.
 extern QString PieceName;     // string option 1

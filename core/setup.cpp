@@ -1,5 +1,6 @@
 #include "core/setup.h"
 
+#include "core/datafolder.h"
 #include "core/errors.h"
 #include "core/migration.h"
 #include "core/misc.h"
@@ -163,8 +164,11 @@ void Setup()
     AppPath = programDirectory();
     if (!AppPath.endsWith(QLatin1Char('/')))
         AppPath += QLatin1Char('/');
-    DataPath = AppPath + QStringLiteral("Data/");
-    HelpFile = AppPath + QStringLiteral("help/HBHELP.HLP");
+    const ProgramFolders folders = chooseFolders(AppPath);
+    DataPath = folders.data;
+    ResourcePath = folders.resources;
+    HelpFile = ResourcePath + QStringLiteral("help/HBHELP.HLP");
+    prepareDataFolder(folders);
 
     if (!holdDataFolder()) {
         ui::msgBox(QStringLiteral("Homebook is already running."), MsgWarning, QStringLiteral("Homebook"));

@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -286,6 +288,19 @@ TEST_F(FileSafetyChild, DISABLED_StartsInAReadOnlyFolder)
     }
 }
 
+TEST_F(FileSafetyChild, DISABLED_StartsInTheUsersDataFolder)
+{
+    if (!inChild())
+        GTEST_SKIP();
+    ASSERT_TRUE(setup());
+    EXPECT_EQ(dialogs().messages().size(), 0u);
+    EXPECT_EQ(DataPath, qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/Homebook/Data/"));
+    EXPECT_EQ(HelpFile, AppPath + QStringLiteral("help/HBHELP.HLP"));
+    EXPECT_TRUE(QFileInfo(DataPath + QStringLiteral("backup")).isDir());
+    EXPECT_TRUE(QFile::exists(DataPath + QStringLiteral("homebook.lock")));
+    DB.execute(QStringLiteral("insert into Roof (RoofNumber, RoofType, SortName, RoofName) values (1, 0, 'Ames', 'Ames')"));
+}
+
 TEST_F(FileSafetyTest, AReadOnlyDataFolderStillShowsTheListings)
 {
     makeDatabase(3);
@@ -303,4 +318,23 @@ TEST_F(FileSafetyTest, AReadOnlyDataFolderStillShowsTheListings)
     EXPECT_TRUE(child.passed()) << output.toStdString();
     EXPECT_TRUE(output.contains(QStringLiteral("[  PASSED  ] 1 test"))) << output.toStdString();
     EXPECT_EQ(wholeFile(mainDatabase()), QStringLiteral("ok 3"));
+}
+
+TEST_F(FileSafetyTest, AReadOnlyProgramFolderWithoutADatabaseStartsOneInTheUsersDataFolder)
+{
+    const QString unshare = QStandardPaths::findExecutable(QStringLiteral("unshare"));
+    QProcess probe;
+    probe.start(unshare, {"-m", "sh", "-c", "mount --bind /tmp /mnt && mount -o remount,ro,bind /mnt"});
+    if (unshare.isEmpty() || !probe.waitForFinished() || probe.exitCode() != 0)
+        GTEST_SKIP() << "no read-only mount can be made here";
+    QTemporaryDir home;
+    const QString script = QStringLiteral(
+        "mount --bind \"$0\" \"$0\" && mount -o remount,ro,bind \"$0\" && HB_CHILD_FOLDER=\"$0\" exec \"$@\"");
+    Child child(QStringLiteral("DISABLED_StartsInTheUsersDataFolder"), QString(),
+                {QStringLiteral("XDG_DATA_HOME=") + home.path()}, {unshare, "-m", "sh", "-c", script, programDir()});
+    const QString output = child.finish();
+    EXPECT_TRUE(child.passed()) << output.toStdString();
+    EXPECT_TRUE(output.contains(QStringLiteral("[  PASSED  ] 1 test"))) << output.toStdString();
+    EXPECT_EQ(wholeFile(home.path() + QStringLiteral("/Homebook/Data/varlo.mdb")), QStringLiteral("ok 1"));
+    EXPECT_FALSE(QFile::exists(mainDatabase())) << "nothing is written beside the program";
 }
