@@ -69,6 +69,16 @@ void FileChecks::tableDefinition(unsigned long first) const
             fault("the pages of a table definition run in a loop");
         seen.insert(number);
     }
+    // libmdb makes room for as many columns and indexes as the definition counts: each of them must
+    // have its entry in the definition's pages.
+    const unsigned char* head = page(qint64(first));
+    const qint64 columns = int16At(head, m_jet3 ? 25 : 45);
+    const qint64 indexes = int32At(head, m_jet3 ? 27 : 47);
+    const qint64 realIndexes = int32At(head, m_jet3 ? 31 : 51);
+    const qint64 needed = (m_jet3 ? 43 : 63) + columns * (m_jet3 ? 18 : 25) + realIndexes * (m_jet3 ? 8 : 12)
+        + indexes * (m_jet3 ? 20 : 28);
+    if (columns > 255 || needed > seen.size() * qint64(m_pageSize))
+        fault("a table definition counts more columns or indexes than it holds");
 }
 
 bool FileChecks::rowOf(qint64 pageNumber, int row, int* start, int* size) const

@@ -4,6 +4,7 @@
 #include "platform/jet/jettables.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <cstring>
 #include <deque>
@@ -71,11 +72,16 @@ Catalogue readCatalogue(MdbHandle* mdb, const FileChecks& checks)
     NamedRows objects;
     readNamedRows(addEntry(catalogue, mdb, QStringLiteral("MSysObjects"), MDB_TABLE, 2, int(0x80000000u)), checks,
                   objects);
+    QSet<quint32> pages;
     for (const auto& row : objects.rows) {
         if (row.value(QStringLiteral("type")).toInt() != MDB_TABLE)
             continue;
-        addEntry(catalogue, mdb, row.value(QStringLiteral("name")).toString(), MDB_TABLE,
-                 quint32(row.value(QStringLiteral("id")).toLongLong()) & 0x00ffffffu,
+        // Each table has a definition page of its own; two names on one page is a file made to mislead.
+        const quint32 page = quint32(row.value(QStringLiteral("id")).toLongLong()) & 0x00ffffffu;
+        if (pages.contains(page))
+            throw JetFault("two tables of the catalogue share a definition");
+        pages.insert(page);
+        addEntry(catalogue, mdb, row.value(QStringLiteral("name")).toString(), MDB_TABLE, page,
                  int(row.value(QStringLiteral("flags")).toLongLong()));
     }
     return catalogue;
