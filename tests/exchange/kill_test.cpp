@@ -49,6 +49,7 @@ void runJob(const QString& job)
     }
     BackupMode = job == QLatin1String("backup") ? QStringLiteral("B") : job == QLatin1String("restore") ? QStringLiteral("R") : QStringLiteral("E");
     FrmBackup& window = forms::get<FrmBackup>();
+    window.show();
     // The export takes the listings without a type, a quarter of the book, to keep the run short.
     if (BackupMode == QLatin1String("E")) {
         auto* types = control<ui::ListBox>(window, QStringLiteral("lstTypes"));

@@ -29,10 +29,18 @@ T* control(QWidget& window, const QString& name)
     return found;
 }
 
+// A mouse press and release on a button, as a user gives it: a button the user cannot see cannot be pressed.
 inline void click(QWidget& window, const QString& button)
 {
-    if (auto* b = control<QAbstractButton>(window, button))
-        b->click();
+    auto* b = control<QAbstractButton>(window, button);
+    if (!b)
+        return;
+    if (!b->isVisible()) {
+        ADD_FAILURE() << "button " << button.toStdString() << " of " << window.objectName().toStdString()
+                      << " cannot be seen";
+        return;
+    }
+    QTest::mouseClick(b, Qt::LeftButton, {}, b->rect().center());
 }
 
 // The centre of a row of a list, scrolled into view, in the list's viewport; a row that cannot be seen
