@@ -12,10 +12,6 @@ using namespace hb;
 
 namespace {
 
-struct Counts {
-    int imported, added, skipped, replaced, rows;
-};
-
 QString countsText(const ImportCounters& c, int rows)
 {
     return QStringLiteral("%1 %2 %3 %4 / %5").arg(c.Imported).arg(c.DuplicatesAdded).arg(c.Skipped).arg(c.Replaced).arg(rows);
@@ -83,7 +79,7 @@ TEST_F(ImportDriverTest, ANewRecordIsWrittenFieldByFieldWithTheNumberItReceived)
     EXPECT_TRUE(progress->isVisible());
     EXPECT_EQ(control<QLabel>(*progress, QStringLiteral("LabelProgress"))->text(), QStringLiteral("Importing record 1 of 4"));
     EXPECT_EQ(control<QProgressBar>(*progress, QStringLiteral("ProgressBar1"))->value(), 25);
-    snapshot(*progress, QStringLiteral("import-progress"));
+    keepPicture(progress, QStringLiteral("import-progress"));
 }
 
 TEST_F(ImportDriverTest, TheSecondOfTwoRowsOfOneNameRaisesTheQuestion)

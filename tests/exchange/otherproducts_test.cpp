@@ -87,14 +87,8 @@ TEST_F(BracketeerImportTest, AFileWithoutPlayersTakesTheErrorPathAndNoEndsThePro
 
     ASSERT_TRUE(QFile::resize(path, 100));  // no longer a database
     dialogs().answer(ui::AnswerNo);
-    dialogs().onModal([&](QWidget& w) {
-        QTest::mouseClick(control<QRadioButton>(w, QStringLiteral("OptionImportBK")), Qt::LeftButton, {}, QPoint(6, 6));
-        auto* location = control<QLineEdit>(w, QStringLiteral("TextFileLocation"));
-        location->selectAll();
-        QTest::keyClicks(location, path);
-        press(w, "CommandImport");
-    });
-    EXPECT_FALSE(guarded([] { control<QAction>(*frameWindow(), QStringLiteral("mnuImport"))->trigger(); }))
+    queueImport("OptionImportBK", path);
+    EXPECT_FALSE(tryImport())
         << "No ends the program";
     EXPECT_EQ(dialogs().messages().back().title, QStringLiteral("Error Handler"));
 }
