@@ -70,7 +70,7 @@ TEST_F(BackupTest, TheWindowShowsEachModeWithItsCaptionsAndLists)
     EXPECT_TRUE(listingsShown());
 }
 
-TEST_F(BackupTest, TheDataFolderIsRefusedBothWaysWithTheDatabaseLeftOpen)
+TEST_F(BackupTest, TheDataFolderAndAFolderWithoutABackUpAreRefusedWithTheDatabaseLeftOpen)
 {
     ASSERT_TRUE(backUpTo(dataDir()));
     EXPECT_EQ(lastMessage().text, QStringLiteral("Can not back up to data directory!"));
@@ -84,6 +84,12 @@ TEST_F(BackupTest, TheDataFolderIsRefusedBothWaysWithTheDatabaseLeftOpen)
     goToFolder(w, dataDir());
     ASSERT_TRUE(pressOK(w));
     EXPECT_EQ(lastMessage().text, QStringLiteral("Can not restore from data directory!"));
+
+    goToFolder(w, otherFolder(QStringLiteral("empty")));
+    ASSERT_TRUE(pressOK(w));
+    EXPECT_EQ(lastMessage().text, QStringLiteral("Quillon database (varlo.mdb) not found in directory!"));
+    EXPECT_EQ(lastMessage().title, QStringLiteral("Database Not Found"));
+    EXPECT_TRUE(backupLoaded());
     EXPECT_TRUE(DB.isOpen());
     EXPECT_EQ(scalar(QStringLiteral("select count(*) from Roof")).toInt(), 1);
 }
@@ -144,16 +150,6 @@ TEST_F(BackupTest, ARestoreAsksFirstAndBringsBackTheSavedRows)
     EXPECT_EQ(lastMessage().title, QStringLiteral("Restore Complete"));
     EXPECT_EQ(scalar(QStringLiteral("select count(*) from Roof")).toInt(), 1);
     EXPECT_TRUE(listingsShown());
-}
-
-TEST_F(BackupTest, AFolderWithoutABackUpIsNamedAsSuch)
-{
-    FrmBackup& w = openWindow(QStringLiteral("mnuRestore"));
-    goToFolder(w, otherFolder(QStringLiteral("empty")));
-    ASSERT_TRUE(pressOK(w));
-    EXPECT_EQ(lastMessage().text, QStringLiteral("Quillon database (varlo.mdb) not found in directory!"));
-    EXPECT_EQ(lastMessage().title, QStringLiteral("Database Not Found"));
-    EXPECT_TRUE(backupLoaded());
 }
 
 TEST_F(BackupTest, ABackUpOfAnOlderVersionComesBackUpgradedWithItsRows)

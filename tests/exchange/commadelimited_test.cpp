@@ -8,18 +8,6 @@
 
 using namespace hb;
 
-namespace {
-
-const QString Summary = QStringLiteral("Import Finished Successfully.\r\n\r\nRecords Imported: %1\r\nRecords Skipped: %2\r\n"
-                                       "Records Replaced: %3\r\nDuplicate Records Added: %4");
-
-QString summary(int imported, int skipped = 0, int replaced = 0, int added = 0)
-{
-    return Summary.arg(imported).arg(skipped).arg(replaced).arg(added);
-}
-
-} // namespace
-
 class CommaDelimitedTest : public ImportWindowFixture {
 protected:
     static void tickSkipFirstRow(QWidget& w)
@@ -59,7 +47,7 @@ TEST_F(CommaDelimitedTest, AContactsExportWithAHeaderRowImportsFieldByField)
                                         QStringLiteral("Address2"), QStringLiteral("Country"), QStringLiteral("Fax")}));
         QTest::keyClick(control<QComboBox>(w, QStringLiteral("ComboCategory")), Qt::Key_Down);
         tickSkipFirstRow(w);
-        snapshot(w, QStringLiteral("comma-delimited"));
+        keepPicture(&w, QStringLiteral("comma-delimited"));
         press(w, "CommandImport");
     });
     EXPECT_EQ(lastMessage().text, summary(2));
@@ -156,7 +144,7 @@ TEST_F(CommaDelimitedTest, TheRefusalsAndTheListByQuestionKeepTheWindowAndItsAss
 
 TEST_F(CommaDelimitedTest, ColumnHeadsFollowTheListByRules)
 {
-    const QString path = writeFile(QStringLiteral("heads.csv"), "John,J,Public\n");
+    const QString path = writeFile(QStringLiteral("heads.csv"), "John,J,Public\nDan,Ed,Fox\n");
     importFile(path, [&](FormCommaDelimitedImport& w) {
         assign(w, 1, QStringLiteral("List By"));
         EXPECT_EQ(heads(w).at(0), QStringLiteral("(Listby)"));
@@ -177,19 +165,7 @@ TEST_F(CommaDelimitedTest, ColumnHeadsFollowTheListByRules)
         press(w, "CommandImport");
     });
     EXPECT_EQ(only(QStringLiteral("John J. Public"))["sortname"].toString(), QStringLiteral("John"));
-}
-
-TEST_F(CommaDelimitedTest, OnlyAOneLetterMiddleNameGetsAPoint)
-{
-    const QString path = writeFile(QStringLiteral("middle.csv"), "Ann,B,Cole\nDan,Ed,Fox\n");
-    importFile(path, [&](FormCommaDelimitedImport& w) {
-        assign(w, 1, QStringLiteral("First Name"));
-        assign(w, 2, QStringLiteral("Middle Name"));
-        assign(w, 3, QStringLiteral("Last Name"));
-        dialogs().answer(ui::AnswerNo);
-        press(w, "CommandImport");
-    });
-    EXPECT_EQ(roofCount(QStringLiteral(" where RoofName = 'Ann B. Cole' or RoofName = 'Dan Ed Fox'")), 2);
+    EXPECT_EQ(listings(QStringLiteral("Dan Ed Fox")).size(), 1) << "only a one-letter middle name gets a point";
 }
 
 TEST_F(CommaDelimitedTest, SkippingTheOnlyRowImportsNothing)
@@ -268,21 +244,5 @@ TEST_F(CommaDelimitedTest, AnEmptyFileHasNoColumnToAssign)
         EXPECT_EQ(lastMessage().text, QStringLiteral("You must have at least one column assigned for data to be imported."));
         press(w, "CommandCancel");
     });
-    EXPECT_EQ(roofCount(), 0);
-}
-
-TEST_F(CommaDelimitedTest, AFileThatVanishesAfterTheBrowseIsMissing)
-{
-    const QString path = writeFile(QStringLiteral("gone.csv"), "Smith\n");
-    dialogs().onModal([&](QWidget& w) {
-        dialogs().answerFile(path);
-        press(w, "CommandBrowse");
-        QFile::remove(path);
-        dialogs().answer(ui::AnswerOk);
-        press(w, "CommandImport");
-        EXPECT_EQ(lastMessage().title, QStringLiteral("File Error"));
-        press(w, "CommandCancel");
-    });
-    openImport();
     EXPECT_EQ(roofCount(), 0);
 }

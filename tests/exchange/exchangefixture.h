@@ -57,14 +57,6 @@ protected:
     template <class T = QWidget>
     static T* part(QWidget& w, const char* name) { return control<T>(w, QString::fromLatin1(name)); }
 
-    static void clickRow(hb::ui::ListBox* list, int row)
-    {
-        ASSERT_GE(row, 0);
-        ASSERT_LT(row, list->listCount());
-        const QModelIndex index = list->model()->index(row, 0);
-        list->scrollTo(index);
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(index).center());
-    }
     static int rowOf(hb::ui::ListBox* list, const QString& text)
     {
         for (int i = 0; i < list->listCount(); ++i) {

@@ -21,7 +21,7 @@ TEST_F(FormImportTest, OpensFromTheMenuOnTheCommaDelimitedSourceInTheHomeFolder)
         EXPECT_EQ(types->count(), RoofTypeCount);
         EXPECT_EQ(types->currentIndex(), 0);
         EXPECT_TRUE(types->isVisible());
-        snapshot(w, QStringLiteral("import"));
+        keepPicture(&w, QStringLiteral("import"));
         QTest::mouseClick(control<QRadioButton>(w, QStringLiteral("OptionImportHomebook")), Qt::LeftButton,
                           {}, QPoint(6, 6));
         EXPECT_FALSE(types->isVisible());

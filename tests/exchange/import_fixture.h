@@ -39,7 +39,7 @@ protected:
         dialogs().onModal([this, button, always](QWidget& w) {
             EXPECT_EQ(w.objectName(), QStringLiteral("FormDuplicateWarning"));
             warnings << control<QLabel>(w, QStringLiteral("LabelWarningText"))->text();
-            snapshot(w, QStringLiteral("duplicate-warning"));
+            keepPicture(&w, QStringLiteral("duplicate-warning"));
             auto* check = control<QCheckBox>(w, QStringLiteral("CheckDoAlways"));
             if (always != check->isChecked())
                 QTest::keyClick(check, Qt::Key_Space);
@@ -75,13 +75,6 @@ protected:
         r.RoofName = name;
         r.SortName = name;
         return r;
-    }
-
-    // To look at a window as a user sees it: saved when HB_IMPORT_PNG_DIR names a folder.
-    static void snapshot(QWidget& window, const QString& name)
-    {
-        if (const QByteArray folder = qgetenv("HB_IMPORT_PNG_DIR"); !folder.isEmpty())
-            window.grab().save(QString::fromLocal8Bit(folder) + QLatin1Char('/') + name + QStringLiteral(".png"));
     }
 
     QStringList warnings;

@@ -106,8 +106,7 @@ TEST_F(ImportTest, AMissingChoiceTheMainDatabaseAndOtherVersionsAreRefused)
     ASSERT_TRUE(press(*forms::loaded<FrmBackup>(), "cmdCancel"));
 
     for (double version : {3.5, 0.5}) {
-        Database later = makeFile(QStringLiteral("v%1.mdb").arg(version * 10));
-        later.execute(QStringLiteral("update ProgramVersion set programversion = %1").arg(version));
+        Database later = makeFile(QStringLiteral("v%1.mdb").arg(version * 10), version);
         fileRoof(later, 1, 0, QStringLiteral("Newcomer"), QStringLiteral("x"));
         later.close();
         ASSERT_TRUE(importFile(QStringLiteral("v%1.mdb").arg(version * 10)));

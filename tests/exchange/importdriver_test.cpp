@@ -12,10 +12,6 @@ using namespace hb;
 
 namespace {
 
-struct Counts {
-    int imported, added, skipped, replaced, rows;
-};
-
 QString countsText(const ImportCounters& c, int rows)
 {
     return QStringLiteral("%1 %2 %3 %4 / %5").arg(c.Imported).arg(c.DuplicatesAdded).arg(c.Skipped).arg(c.Replaced).arg(rows);
@@ -40,50 +36,27 @@ protected:
     }
 };
 
-TEST_F(ImportDriverTest, ANewRecordIsWrittenFieldByFieldWithTheNumberItReceived)
+// Every field's way into the row is checked through the windows of each source (comma delimited,
+// Bracketeer, Homebook); here the number, the trimmed name and the progress shown.
+TEST_F(ImportDriverTest, ANewRecordTakesTheNextNumberAndShowsItsProgress)
 {
     addListing({7, QStringLiteral("Someone Else")});
     ImportRoofRecord r = record(QStringLiteral("  John Q. Public "));
-    r.SortName = QStringLiteral("Public");
-    r.Address1 = QStringLiteral("1 Elm St");
-    r.Address2 = QStringLiteral("Apt 2");
-    r.City = QStringLiteral("Springfield");
-    r.State = QStringLiteral("IL");
-    r.Zip = QStringLiteral("62701");
-    r.Country = QStringLiteral("USA");
-    r.Phone = QStringLiteral("555-0100");
-    r.Cell = QStringLiteral("555-0101");
-    r.Fax = QStringLiteral("555-0102");
-    r.Email = QStringLiteral("john@example.com");
-    r.Anniversary = QStringLiteral("6/15/1990");
-    r.Notes = QStringLiteral("Line one\r\nLine two");
-    r.RoofType = 3;
     ImportOption option;
     ImportCounters counters;
     ASSERT_TRUE(guarded([&] { ImportHBRecord(r, option, counters, 1, 4); }));
     EXPECT_EQ(r.RoofNumber, 8);
     const auto rows = listings(QStringLiteral("John Q. Public"));
     ASSERT_EQ(rows.size(), 1);
-    const QVariantMap& row = rows.front();
-    EXPECT_EQ(row["roofnumber"].toInt(), 8);
-    EXPECT_EQ(row["sortname"].toString(), QStringLiteral("Public"));
-    EXPECT_EQ(row["address1"].toString() + row["address2"].toString(), QStringLiteral("1 Elm StApt 2"));
-    EXPECT_EQ(row["city"].toString() + row["state"].toString() + row["zip"].toString() + row["country"].toString(),
-              QStringLiteral("SpringfieldIL62701USA"));
-    EXPECT_EQ(row["phone"].toString() + row["cell"].toString() + row["fax"].toString(),
-              QStringLiteral("555-0100555-0101555-0102"));
-    EXPECT_EQ(row["email"].toString(), QStringLiteral("john@example.com"));
-    EXPECT_EQ(row["anniversary"].toDate(), QDate(1990, 6, 15));
-    EXPECT_EQ(row["notes"].toString(), QStringLiteral("Line one\r\nLine two"));
-    EXPECT_EQ(row["rooftype"].toInt(), 3);
-    EXPECT_FALSE(row["roofselected"].toBool());
+    EXPECT_EQ(rows.front()["roofnumber"].toInt(), 8);
+    EXPECT_FALSE(rows.front()["roofselected"].toBool());
     EXPECT_EQ(countsText(counters, roofCount()), QStringLiteral("1 0 0 0 / 2"));
     auto* progress = forms::loaded<FormImportProgress>();
     ASSERT_NE(progress, nullptr);
     EXPECT_TRUE(progress->isVisible());
     EXPECT_EQ(control<QLabel>(*progress, QStringLiteral("LabelProgress"))->text(), QStringLiteral("Importing record 1 of 4"));
     EXPECT_EQ(control<QProgressBar>(*progress, QStringLiteral("ProgressBar1"))->value(), 25);
-    snapshot(*progress, QStringLiteral("import-progress"));
+    keepPicture(progress, QStringLiteral("import-progress"));
 }
 
 TEST_F(ImportDriverTest, TheSecondOfTwoRowsOfOneNameRaisesTheQuestion)

@@ -31,10 +31,12 @@ protected:
         return path;
     }
 
-    void openImport()
+    // False when the program ended on the way.
+    bool tryImport()
     {
-        ASSERT_TRUE(guarded([] { control<QAction>(*hb::frameWindow(), QStringLiteral("mnuImport"))->trigger(); }));
+        return guarded([] { control<QAction>(*hb::frameWindow(), QStringLiteral("mnuImport"))->trigger(); });
     }
+    void openImport() { ASSERT_TRUE(tryImport()); }
 
     // Types the path into the import window and presses Import; the comma-delimited window, if it comes,
     // runs the script.
@@ -72,13 +74,6 @@ protected:
         QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
     }
 
-    static void clickRow(hb::ui::ListBox* list, int row)
-    {
-        const QModelIndex index = list->model()->index(row, 0);
-        list->scrollTo(index);
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(index).center());
-    }
-
     // Clicks a column head and picks a field in "Column Assignment" with the mouse; what it offered is kept.
     void assign(QWidget& w, int column, const QString& field, const char* button = "CommandOk")
     {
@@ -94,6 +89,13 @@ protected:
             press(select, button);
         });
         clickHead(w, column);
+    }
+
+    static QString summary(int imported, int skipped = 0, int replaced = 0, int added = 0)
+    {
+        return QStringLiteral("Import Finished Successfully.\r\n\r\nRecords Imported: %1\r\nRecords Skipped: %2\r\n"
+                              "Records Replaced: %3\r\nDuplicate Records Added: %4")
+            .arg(imported).arg(skipped).arg(replaced).arg(added);
     }
 
     QStringList offered;

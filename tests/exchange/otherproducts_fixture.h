@@ -90,6 +90,11 @@ protected:
     // The answers to the windows the import brings are queued by then, when given.
     void importFrom(const char* source, const QString& path, int typeLine = 0, std::function<void()> then = {})
     {
+        queueImport(source, path, typeLine, then);
+        openImport();
+    }
+    void queueImport(const char* source, const QString& path, int typeLine = 0, std::function<void()> then = {})
+    {
         dialogs().onModal([=](QWidget& w) {
             QTest::mouseClick(control<QRadioButton>(w, QString::fromLatin1(source)), Qt::LeftButton, {}, QPoint(6, 6));
             auto* location = control<QLineEdit>(w, QStringLiteral("TextFileLocation"));
@@ -102,22 +107,5 @@ protected:
                 then();
             press(w, "CommandImport");
         });
-        openImport();
-    }
-
-    QStringList messageTexts() const
-    {
-        QStringList texts;
-        for (const ShownMessage& m : dialogs_const().messages())
-            texts << m.text;
-        return texts;
-    }
-    const ScriptedWindows& dialogs_const() const { return const_cast<OtherProductsFixture*>(this)->dialogs(); }
-
-    static QString summary(int imported, int skipped, int replaced, int added)
-    {
-        return QStringLiteral("Import Finished Successfully.\r\n\r\nRecords Imported: %1\r\nRecords Skipped: %2\r\n"
-                              "Records Replaced: %3\r\nDuplicate Records Added: %4")
-            .arg(imported).arg(skipped).arg(replaced).arg(added);
     }
 };

@@ -45,29 +45,13 @@ TEST_F(BracketeerImportTest, PlayersBecomeListingsOfNoTypeFieldByField)
     EXPECT_TRUE(dialogs().problems().isEmpty()) << dialogs().problems().join('\n').toStdString();
 }
 
-TEST_F(BracketeerImportTest, OldVersionsAndFilesWithoutAVersionAreRefusedAndOptionServesAsWell)
+// A missing version table, version 3.9 and the "option" table are met in
+// OriginalSourcesTest.BracketeerFilesOfEveryVersionAndLayout.
+TEST_F(BracketeerImportTest, AVersionThatIsNoNumberIsRefusedAsTooOld)
 {
-    const QString invalid = QStringLiteral("This file does not appear to be a valid Bracketeer file.  Import was cancelled.");
-    const QString tooOld = QStringLiteral("Homebook can only import Bracketeer data from version 4 or later");
-    const struct {
-        QString table, version, message;
-        int written;
-    } cases[] = {{QString(), QString(), invalid, 0},
-                 {QStringLiteral("options"), QStringLiteral("3.9"), tooOld, 0},
-                 {QStringLiteral("options"), QStringLiteral("beta"), tooOld, 0},
-                 {QStringLiteral("option"), QStringLiteral("5"), summary(3, 0, 0, 0), 3},
-                 {QStringLiteral("options"), QStringLiteral("4"), summary(0, 3, 0, 0), 3}};
-    for (const auto& c : cases) {
-        const QString path = bracketeerFile(c.table, c.version, players());
-        const bool again = c.written && roofCount();
-        importFrom("OptionImportBK", path, 0, [&] {
-            if (again)
-                answerDuplicate("Commandskip", true);
-        });
-        EXPECT_EQ(lastMessage().text, c.message) << c.version.toStdString();
-        EXPECT_EQ(roofCount(), c.written) << c.version.toStdString();
-        ASSERT_TRUE(QFile::remove(path));
-    }
+    importFrom("OptionImportBK", bracketeerFile(QStringLiteral("options"), QStringLiteral("beta"), players()));
+    EXPECT_EQ(lastMessage().text, QStringLiteral("Homebook can only import Bracketeer data from version 4 or later"));
+    EXPECT_EQ(roofCount(), 0);
     EXPECT_TRUE(dialogs().problems().isEmpty()) << dialogs().problems().join('\n').toStdString();
 }
 
@@ -87,14 +71,8 @@ TEST_F(BracketeerImportTest, AFileWithoutPlayersTakesTheErrorPathAndNoEndsThePro
 
     ASSERT_TRUE(QFile::resize(path, 100));  // no longer a database
     dialogs().answer(ui::AnswerNo);
-    dialogs().onModal([&](QWidget& w) {
-        QTest::mouseClick(control<QRadioButton>(w, QStringLiteral("OptionImportBK")), Qt::LeftButton, {}, QPoint(6, 6));
-        auto* location = control<QLineEdit>(w, QStringLiteral("TextFileLocation"));
-        location->selectAll();
-        QTest::keyClicks(location, path);
-        press(w, "CommandImport");
-    });
-    EXPECT_FALSE(guarded([] { control<QAction>(*frameWindow(), QStringLiteral("mnuImport"))->trigger(); }))
+    queueImport("OptionImportBK", path);
+    EXPECT_FALSE(tryImport())
         << "No ends the program";
     EXPECT_EQ(dialogs().messages().back().title, QStringLiteral("Error Handler"));
 }
