@@ -68,7 +68,7 @@ TEST_F(BirthdayWindowTest, ChangingTheYearRecomputesRetitlesAndKeepsTheSelection
     EXPECT_TRUE(dialogs().messages().empty());
 }
 
-TEST_F(BirthdayWindowTest, CheckBoxesShowAndHideTheirColumns)
+TEST_F(BirthdayWindowTest, CheckBoxesShowAndHideTheirColumnsAndGridLinesToggleEveryDivider)
 {
     FrmBirthdayRpt* w = openReport();
     ASSERT_NE(w, nullptr);
@@ -81,12 +81,7 @@ TEST_F(BirthdayWindowTest, CheckBoxesShowAndHideTheirColumns)
     click(*w, QStringLiteral("chkShowAge"));
     EXPECT_FALSE(view->isColumnHidden(4));
     EXPECT_TRUE(view->isColumnHidden(2));
-}
 
-TEST_F(BirthdayWindowTest, GridLinesToggleEveryDivider)
-{
-    FrmBirthdayRpt* w = openReport();
-    ASSERT_NE(w, nullptr);
     const auto styles = [w] {
         QList<int> all{grid(*w)->rowDividerStyle()};
         for (int col = 0; col < 5; ++col)
