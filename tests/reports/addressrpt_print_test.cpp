@@ -2,26 +2,9 @@
 #include "printcapture.h"
 
 #include <QFile>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
 using namespace hb;
-
-namespace {
-
-int pdfPages(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    const QByteArray bytes = file.readAll();
-    if (!bytes.startsWith("%PDF"))
-        return -1;
-    static const QRegularExpression page(QStringLiteral("/Type\\s*/Page[^s]"));
-    return int(QString::fromLatin1(bytes).count(page));
-}
-
-} // namespace
 
 // The print path a user takes: the toolbar's print button, the printer dialog, the printer.
 class AddressReportPrintTest : public AddressReportFixture {
@@ -66,35 +49,29 @@ protected:
     QString folder;
 };
 
-TEST_F(AddressReportPrintTest, TheAddressReportPrintsThePagesSeenOnScreen)
+TEST_F(AddressReportPrintTest, EachKindPrintsThroughTheToolbarThePagesSeenOnScreen)
 {
-    SetNOption(50, 3);
-    SetNOption(10, -1);
-    const QString pdf = print("mnuAddress", QStringLiteral("address-3col.pdf"));
-    ASSERT_NE(shown(), nullptr);
-    EXPECT_GE(shown()->viewer().pageCount(), 1);
-    EXPECT_EQ(pdfPages(pdf), shown()->viewer().pageCount());
-}
-
-TEST_F(AddressReportPrintTest, ThePhoneReportPrintsThroughTheToolbar)
-{
-    SetNOption(50, 2);
+    const struct {
+        const char* menu;
+        int columns;
+        bool landscape;
+        const char* definition;
+    } cases[] = {{"mnuAddress", 3, false, "Address3Col"}, {"mnuPhone", 2, false, "Address2Col"},
+                 {"mnuCustom", 2, true, "lAddress2Col"}};
     SetNOption(9, -1);
-    const QString pdf = print("mnuPhone", QStringLiteral("phone-2col.pdf"));
-    ASSERT_NE(shown(), nullptr);
-    EXPECT_EQ(pdfPages(pdf), shown()->viewer().pageCount());
-}
-
-TEST_F(AddressReportPrintTest, ACustomReportPrintsInLandscape)
-{
+    SetNOption(10, -1);
     for (int option = 12; option <= 26; ++option)
         SetNOption(option, 1);
-    SetNOption(50, 2);
-    Printer().setPageOrientation(QPageLayout::Landscape);
-    const QString pdf = print("mnuCustom", QStringLiteral("custom-landscape-2col.pdf"));
-    ASSERT_NE(shown(), nullptr);
-    EXPECT_EQ(shown()->report().name, QStringLiteral("lAddress2Col"));
-    EXPECT_EQ(pdfPages(pdf), shown()->viewer().pageCount());
+    for (const auto& c : cases) {
+        SetNOption(50, c.columns);
+        Printer().setPageOrientation(c.landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+        const QString pdf = print(c.menu, QStringLiteral("%1-%2col.pdf").arg(QLatin1String(c.menu)).arg(c.columns));
+        ASSERT_NE(shown(), nullptr) << c.menu;
+        EXPECT_EQ(shown()->report().name, QLatin1String(c.definition)) << c.menu;
+        EXPECT_GE(shown()->viewer().pageCount(), 1) << c.menu;
+        EXPECT_EQ(pdfPages(pdf), shown()->viewer().pageCount()) << c.menu;
+        forms::unload(QStringLiteral("frmAddressRpt"));
+    }
 }
 
 TEST_F(AddressReportPrintTest, ACancelledPrinterDialogPrintsNothing)

@@ -3,8 +3,6 @@
 
 #include "core/errors.h"
 #include "core/session.h"
-#include "platform/clock.h"
-#include "platform/dates.h"
 #include "reports/birthdayrows.h"
 
 using namespace hb;
@@ -16,13 +14,6 @@ TEST(BirthdayTexts, DaysTakeTheirOrdinalSuffix)
                                                  {22, "22nd"}, {23, "23rd"}, {30, "30th"}, {31, "31st"}};
     for (const auto& [day, text] : cases)
         EXPECT_EQ(birthday::dayText(day), QString::fromLatin1(text)) << day;
-}
-
-TEST(BirthdayTexts, WeekdaysCountFromSunday)
-{
-    EXPECT_EQ(birthday::weekdayName(QDate(2026, 3, 8)), QStringLiteral("Sunday"));
-    EXPECT_EQ(birthday::weekdayName(QDate(2026, 3, 10)), QStringLiteral("Tuesday"));
-    EXPECT_EQ(birthday::weekdayName(QDate(2026, 3, 14)), QStringLiteral("Saturday"));
 }
 
 TEST(BirthdayTexts, AgeTellsWhetherTheBirthdayIsStillAhead)
@@ -84,38 +75,27 @@ protected:
     }
 };
 
-TEST_F(BirthdayRowsTest, AYearBeforeTheBirthReportsNobody)
+TEST_F(BirthdayRowsTest, EachYearFromTheBirthOnWithTheAgeThatYear)
 {
     person(1, QStringLiteral("Ann"), QStringLiteral("Lee"), QDate(1985, 3, 10));
-    EXPECT_EQ(rowsOf(1984), QList<QStringList>{none()});
-}
-
-TEST_F(BirthdayRowsTest, TheYearOfTheBirthAndTheYearsAfterIt)
-{
-    person(1, QStringLiteral("Ann"), QStringLiteral("Lee"), QDate(1985, 3, 10));
+    EXPECT_EQ(rowsOf(1984), QList<QStringList>{none()}) << "a year before the birth reports nobody";
     EXPECT_EQ(rowsOf(1985), (QList<QStringList>{{" March", " 10th", " Sunday", " Ann Lee", " 0"}}));
     EXPECT_EQ(rowsOf(2026), (QList<QStringList>{{" March", " 10th", " Tuesday", " Ann Lee", " 41"}}));
     EXPECT_EQ(rowsOf(2027), (QList<QStringList>{{" March", " 10th", " Wednesday", " Ann Lee", " will be 42"}}));
 }
 
-TEST_F(BirthdayRowsTest, TodaysBirthdayIsPlainAndTomorrowsIsAhead)
-{
-    person(1, QStringLiteral("Today"), QStringLiteral("Born"), QDate(1990, 11, 22));
-    person(2, QStringLiteral("Tomorrow"), QStringLiteral("Born"), QDate(1990, 11, 23));
-    const QList<QStringList> rows = rowsOf(2026);
-    ASSERT_EQ(rows.size(), 2);
-    EXPECT_EQ(rows[0][4], QStringLiteral(" 36"));
-    EXPECT_EQ(rows[1][4], QStringLiteral(" will be 36"));
-}
-
-TEST_F(BirthdayRowsTest, ANewbornIsZeroAlsoBeforeItsBirthday)
+TEST_F(BirthdayRowsTest, TodaysBirthdayIsPlainTomorrowsIsAheadAndANewbornIsZero)
 {
     person(1, QStringLiteral("Early"), QStringLiteral("Baby"), QDate(2026, 1, 15));
-    person(2, QStringLiteral("Late"), QStringLiteral("Baby"), QDate(2026, 12, 24));
+    person(2, QStringLiteral("Today"), QStringLiteral("Born"), QDate(1990, 11, 22));
+    person(3, QStringLiteral("Tomorrow"), QStringLiteral("Born"), QDate(1990, 11, 23));
+    person(4, QStringLiteral("Late"), QStringLiteral("Baby"), QDate(2026, 12, 24));
     const QList<QStringList> rows = rowsOf(2026);
-    ASSERT_EQ(rows.size(), 3);
+    ASSERT_EQ(rows.size(), 6);
     EXPECT_EQ(rows[0][4], QStringLiteral(" 0"));
-    EXPECT_EQ(rows[2][4], QStringLiteral(" 0"));
+    EXPECT_EQ(rows[2][4], QStringLiteral(" 36"));
+    EXPECT_EQ(rows[3][4], QStringLiteral(" will be 36"));
+    EXPECT_EQ(rows[5][4], QStringLiteral(" 0")) << "a newborn is zero also before its birthday";
 }
 
 TEST_F(BirthdayRowsTest, APersonWithoutLastNameTakesTheListByName)
@@ -159,10 +139,11 @@ TEST_F(BirthdayRowsTest, MonthsAfterTheFirstAreSetOffByAnEmptyRow)
     EXPECT_EQ(rowsOf(2026), expected);
 }
 
-TEST_F(BirthdayRowsTest, RowsAreNumberedInOrderAndKeepTheOlderDayColumnBlank)
+TEST_F(BirthdayRowsTest, RowsAreNumberedInOrderKeepTheOlderDayColumnBlankAndReplaceTheLastRun)
 {
     person(1, QStringLiteral("A"), QStringLiteral("Lee"), QDate(1980, 2, 1));
     person(2, QStringLiteral("B"), QStringLiteral("Lee"), QDate(1980, 6, 1));
+    birthday::computeRows(2027);
     birthday::computeRows(2026);
     Recordset rs = DB.openRecordset(QStringLiteral("Select * from RptBirthday Order by SortKey"));
     int key = 0;
@@ -170,15 +151,7 @@ TEST_F(BirthdayRowsTest, RowsAreNumberedInOrderAndKeepTheOlderDayColumnBlank)
         EXPECT_EQ(rs.value(QStringLiteral("SortKey")).toInt(), ++key);
         EXPECT_EQ(rs.value(QStringLiteral("DayOfMonth")).toString(), QStringLiteral(" "));
     }
-    EXPECT_EQ(key, 3);
-}
-
-TEST_F(BirthdayRowsTest, ARunReplacesTheRowsOfTheLastOne)
-{
-    person(1, QStringLiteral("A"), QStringLiteral("Lee"), QDate(1980, 2, 1));
-    birthday::computeRows(2026);
-    birthday::computeRows(2027);
-    EXPECT_EQ(birthday::readRows().size(), 1);
+    EXPECT_EQ(key, 3) << "the second run replaced the rows of the first";
 }
 
 TEST_F(BirthdayRowsTest, TwentyNinthOfFebruaryFailsInACommonYear)
@@ -190,17 +163,4 @@ TEST_F(BirthdayRowsTest, TwentyNinthOfFebruaryFailsInACommonYear)
     EXPECT_EQ(leapYear[2][1], QStringLiteral(" 29th"));
     EXPECT_THROW(birthday::computeRows(2026), RuntimeError);
     EXPECT_EQ(birthday::readRows(), leapYear) << "the failed run leaves the rows of the last one";
-}
-
-TEST_F(BirthdayRowsTest, TodayIn29FebruaryFailsForACommonReportYear)
-{
-    clock::pin(QDateTime(QDate(2028, 2, 29), QTime(9, 0)));
-    EXPECT_EQ(birthday::computeRows(2028), 0);
-    EXPECT_THROW(birthday::computeRows(2027), RuntimeError);
-}
-
-TEST_F(BirthdayRowsTest, TheCaptionNamesTodayAndTheYear)
-{
-    EXPECT_EQ(birthday::captionFor(2031),
-              dates::shortDate(QDate(2026, 11, 22)) + QStringLiteral(" - Quillon Birthday Report for 2031"));
 }

@@ -8,10 +8,7 @@
 #include "platform/dates.h"
 #include "platform/grid/gridcolumn.h"
 
-#include <QCheckBox>
-#include <QLabel>
 #include <QMdiSubWindow>
-#include <QPushButton>
 #include <QTableView>
 
 using namespace hb;
@@ -51,60 +48,27 @@ TEST_F(BirthdayWindowTest, OpensOnThisYearWithEverybodySelected)
     EXPECT_TRUE(dialogs().messages().empty());
 }
 
-TEST_F(BirthdayWindowTest, HasTheControlsOfTheReport)
-{
-    FrmBirthdayRpt* w = openReport();
-    ASSERT_NE(w, nullptr);
-    EXPECT_EQ(control<QLabel>(*w, QStringLiteral("Label1"))->text(), QStringLiteral("Year:"));
-    EXPECT_EQ(control<QCheckBox>(*w, QStringLiteral("chkShowDayOfWeek"))->text(), QStringLiteral("Show Day of Week"));
-    EXPECT_EQ(control<QCheckBox>(*w, QStringLiteral("chkShowAge"))->text(), QStringLiteral("Show Age"));
-    auto* select = control<QPushButton>(*w, QStringLiteral("cmdSelect"));
-    EXPECT_EQ(select->text(), QStringLiteral("&Select"));
-    EXPECT_EQ(select->toolTip(), QStringLiteral("Select From Database"));
-    EXPECT_EQ(control<QPushButton>(*w, QStringLiteral("cmdClose"))->text(), QStringLiteral("Close"));
-    const std::tuple<const char*, const char*, int> columns[] = {{"Month", "Month", 1700},
-                                                                 {"Day", "DayOfMonthski", 800},
-                                                                 {"Day of Week", "DayOfWeek", 1700},
-                                                                 {"Name", "PersonName", 3300},
-                                                                 {"Age", "Age", 1400}};
-    ASSERT_EQ(grid(*w)->columnCount(), 5);
-    for (int col = 0; col < 5; ++col) {
-        const auto& [caption, field, width] = columns[col];
-        EXPECT_EQ(grid(*w)->column(col).caption, QString::fromLatin1(caption));
-        EXPECT_EQ(grid(*w)->column(col).field, QString::fromLatin1(field));
-        EXPECT_EQ(grid(*w)->column(col).widthTwips, width);
-    }
-}
-
-TEST_F(BirthdayWindowTest, TheCaptionIsStoredAsTheReportTitle)
-{
-    FrmBirthdayRpt* w = openReport();
-    ASSERT_NE(w, nullptr);
-    const QString caption = dates::shortDate(QDate(2026, 11, 22)) + QStringLiteral(" - Quillon Birthday Report for 2026");
-    EXPECT_EQ(grid(*w)->caption(), caption);
-    EXPECT_EQ(GetSOption(9), caption);
-    ASSERT_TRUE(chooseYear(*w, 1999));
-    const QString later = dates::shortDate(QDate(2026, 11, 22)) + QStringLiteral(" - Quillon Birthday Report for 1999");
-    EXPECT_EQ(grid(*w)->caption(), later);
-    EXPECT_EQ(GetSOption(9), later);
-}
-
-TEST_F(BirthdayWindowTest, ChangingTheYearRecomputesAndKeepsTheSelection)
+TEST_F(BirthdayWindowTest, ChangingTheYearRecomputesRetitlesAndKeepsTheSelection)
 {
     addPerson(1, 1, QStringLiteral("Ann"), QStringLiteral("Lee"), QDate(1985, 3, 10));
     addPerson(1, 2, QStringLiteral("Bob"), QStringLiteral("Lee"), QDate(1987, 1, 2));
     FrmBirthdayRpt* w = openReport();
     ASSERT_NE(w, nullptr);
+    const QString today = dates::shortDate(QDate(2026, 11, 22));
+    EXPECT_EQ(grid(*w)->caption(), today + QStringLiteral(" - Quillon Birthday Report for 2026"));
+    EXPECT_EQ(GetSOption(9), grid(*w)->caption()) << "the caption is stored as the report's title";
     DB.execute(QStringLiteral("update Person set PersonSelected = false where PersonNumber = 2"));
     ASSERT_TRUE(chooseYear(*w, 2030));
     EXPECT_EQ(w->selectedYear(), 2030);
+    EXPECT_EQ(grid(*w)->caption(), today + QStringLiteral(" - Quillon Birthday Report for 2030"));
+    EXPECT_EQ(GetSOption(9), grid(*w)->caption());
     EXPECT_EQ(grid(*w)->rows(), (QList<QStringList>{{" March", " 10th", " Sunday", " Ann Lee", " will be 45"}}));
     ASSERT_TRUE(chooseYear(*w, 1984));
     EXPECT_EQ(names(*w), QStringList{"None Selected"});
     EXPECT_TRUE(dialogs().messages().empty());
 }
 
-TEST_F(BirthdayWindowTest, CheckBoxesShowAndHideTheirColumns)
+TEST_F(BirthdayWindowTest, CheckBoxesShowAndHideTheirColumnsAndGridLinesToggleEveryDivider)
 {
     FrmBirthdayRpt* w = openReport();
     ASSERT_NE(w, nullptr);
@@ -117,12 +81,7 @@ TEST_F(BirthdayWindowTest, CheckBoxesShowAndHideTheirColumns)
     click(*w, QStringLiteral("chkShowAge"));
     EXPECT_FALSE(view->isColumnHidden(4));
     EXPECT_TRUE(view->isColumnHidden(2));
-}
 
-TEST_F(BirthdayWindowTest, GridLinesToggleEveryDivider)
-{
-    FrmBirthdayRpt* w = openReport();
-    ASSERT_NE(w, nullptr);
     const auto styles = [w] {
         QList<int> all{grid(*w)->rowDividerStyle()};
         for (int col = 0; col < 5; ++col)
@@ -149,7 +108,7 @@ TEST_F(BirthdayWindowTest, TheFontOfRecord7AppliesToTheGrid)
     EXPECT_TRUE(grid(*w)->gridFont().bold()) << "the toolbar's Bold recomputes with the saved font";
 }
 
-TEST_F(BirthdayWindowTest, CloseGoesBackToTheListings)
+TEST_F(BirthdayWindowTest, CloseGoesBackToTheListingsAndTheCloseBoxUnloads)
 {
     FrmBirthdayRpt* w = openReport();
     ASSERT_NE(w, nullptr);
@@ -158,13 +117,8 @@ TEST_F(BirthdayWindowTest, CloseGoesBackToTheListings)
     Form* book = forms::find(QStringLiteral("frmAddressBook"));
     ASSERT_NE(book, nullptr);
     EXPECT_TRUE(book->isFormVisible());
-    EXPECT_NE(openReport(), nullptr) << "the menu opens the report again";
-}
-
-TEST_F(BirthdayWindowTest, TheCloseBoxUnloadsTheWindow)
-{
-    FrmBirthdayRpt* w = openReport();
-    ASSERT_NE(w, nullptr);
+    w = openReport();
+    ASSERT_NE(w, nullptr) << "the menu opens the report again";
     ASSERT_TRUE(guarded([w] { w->outerWindow()->close(); }));
     EXPECT_EQ(forms::loaded<FrmBirthdayRpt>(), nullptr);
 }

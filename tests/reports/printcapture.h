@@ -2,9 +2,24 @@
 
 #include "platform/ui/windowservice.h"
 
+#include <QFile>
 #include <QPrinter>
+#include <QRegularExpression>
 
 #include <memory>
+
+// The pages of a printed PDF; -1 when the file is missing or not a PDF.
+inline int pdfPages(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray bytes = file.readAll();
+    if (!bytes.startsWith("%PDF"))
+        return -1;
+    static const QRegularExpression page(QStringLiteral("/Type\\s*/Page[^s]"));
+    return int(QString::fromLatin1(bytes).count(page));
+}
 
 // Stands in front of the test's window service while a report prints: the printer dialog is answered by
 // the service behind, and an accepted dialog then prints to a PDF file or to a named queue, as a user

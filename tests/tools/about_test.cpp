@@ -5,10 +5,8 @@
 #include "core/session.h"
 #include "core/setup.h"
 #include "tools/formabout.h"
-#include "snapshot.h"
 
 #include <QCheckBox>
-#include <QLabel>
 
 using namespace hb;
 
@@ -64,12 +62,10 @@ TEST_F(AboutTest, UntickingFromTheMenuAfterTheStartIsUndoneByTheEndOfTheSession)
     EXPECT_EQ(DisplayAbout, 1) << "the end of the session wrote the cached value back";
 }
 
-TEST_F(AboutTest, TheLinksOpenTheMakersMailAndWebSiteAndTheBuildIsShown)
+TEST_F(AboutTest, TheLinksOpenTheMakersMailAndWebSite)
 {
     ASSERT_TRUE(startProgram());
-    EXPECT_EQ(control<QLabel>(about(), QStringLiteral("LabelBuild"))->text(), QStringLiteral("Build: 2.0.0"));
-    EXPECT_EQ(displayAbout()->text(), QStringLiteral("Display on Program Start"));
-    snapshot(about(), "FormAbout");
+    keepPicture(&about(), QStringLiteral("FormAbout"));
     ASSERT_TRUE(guarded([] { press(about(), "Label7"); }));
     ASSERT_TRUE(guarded([] { press(about(), "Label8"); }));
     ASSERT_EQ(dialogs().urlsOpened().size(), 2);

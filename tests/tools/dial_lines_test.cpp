@@ -1,6 +1,5 @@
 #include "dialfixture.h"
 #include "fakemodem.h"
-#include "snapshot.h"
 
 #include "core/options.h"
 
@@ -20,7 +19,7 @@ protected:
     {
         dialogs().onModal([&](QWidget& using_) {
             EXPECT_EQ(using_.windowTitle(), QStringLiteral("Dial Using"));
-            snapshot(using_, "DialUsing");
+            keepPicture(&using_, QStringLiteral("DialUsing"));
             auto* line = control<QComboBox>(using_, QStringLiteral("cmbLine"));
             line->lineEdit()->selectAll();
             QTest::keyClicks(line->lineEdit(), port);
@@ -31,7 +30,7 @@ protected:
     static QLabel* status(QWidget& progress) { return control<QLabel>(progress, QStringLiteral("lblStatus")); }
 };
 
-TEST_F(DialLinesTest, WithoutAModemTheTrimmedNumberGoesToTheDesktopAsATelLink)
+TEST_F(DialLinesTest, WithoutAModemTheTrimmedNumberGoesToTheDesktopAndADesktopWithoutAPhoneProgramSaysSo)
 {
     SetSOption(401, QStringLiteral("9,"));  // the modem's outside line, not the desktop's
     DialNumber = QStringLiteral("  +1 555 0100 ");
@@ -40,15 +39,7 @@ TEST_F(DialLinesTest, WithoutAModemTheTrimmedNumberGoesToTheDesktopAsATelLink)
         EXPECT_EQ(dialogs().urlsOpened(), QStringList{QStringLiteral("tel:+15550100")});
         EXPECT_TRUE(dialogs().messages().empty());
         EXPECT_TRUE(w.isVisible()) << "the window stays open after dialing";
-        press(w, QStringLiteral("cmdClose"));
-    });
-}
-
-TEST_F(DialLinesTest, ADesktopWithoutAPhoneProgramSaysSo)
-{
-    dialogs().urlOpens = false;
-    DialNumber = QStringLiteral("555-0100");
-    withDialer([](QWidget& w) {
+        dialogs().urlOpens = false;
         press(w, QStringLiteral("cmdDial"));
         press(w, QStringLiteral("cmdClose"));
     });
@@ -72,7 +63,7 @@ TEST_F(DialLinesTest, AModemCallShowsTheAnswerAndHangsUpWhenTheUserTalks)
             EXPECT_EQ(status(progress)->text(),
                       QStringLiteral("The number has been dialed. Pick up the handset, then press Talk."));
             EXPECT_FALSE(modem.commands().contains("ATH"));
-            snapshot(progress, "DialProgress");
+            keepPicture(&progress, QStringLiteral("DialProgress"));
             press(progress, QStringLiteral("cmdTalk"));
         });
         press(w, QStringLiteral("cmdDial"));
@@ -120,10 +111,12 @@ TEST_F(DialLinesTest, HangingUpBeforeTheModemAnswersStopsTheCall)
     });
 }
 
-TEST_F(DialLinesTest, AMissingPortIsNamedAndNothingIsDialed)
+TEST_F(DialLinesTest, CancellingDialUsingKeepsTheLineAndAMissingPortIsNamedAndNothingIsDialed)
 {
     DialNumber = QStringLiteral("5550100");
     withDialer([&](QWidget& w) {
+        chooseLine(w, QStringLiteral("/dev/ttyS9"), false);
+        EXPECT_EQ(GetSOption(400), QString()) << "cancelling Dial Using keeps the line";
         chooseLine(w, QStringLiteral("/dev/ttyNoSuchModem7"));
         press(w, QStringLiteral("cmdDial"));
         press(w, QStringLiteral("cmdClose"));
@@ -131,26 +124,28 @@ TEST_F(DialLinesTest, AMissingPortIsNamedAndNothingIsDialed)
     EXPECT_EQ(lastMessage().text, QStringLiteral("The port /dev/ttyNoSuchModem7 does not exist. Choose the modem's port "
                                                  "with Dial Using."));
     EXPECT_TRUE(dialogs().urlsOpened().isEmpty());
-    EXPECT_EQ(dialogs().modalsShown(), (QStringList{"frmDial", "DialUsing"})) << "no dialing window without a port";
+    EXPECT_EQ(dialogs().modalsShown(), (QStringList{"frmDial", "DialUsing", "DialUsing"})) << "no dialing window without a port";
 }
 
-TEST_F(DialLinesTest, CancellingDialUsingKeepsTheLine)
+TEST_F(DialLinesTest, PropertiesAreStoredOnOkOnlyAndShownAgainNextTime)
 {
     withDialer([&](QWidget& w) {
-        chooseLine(w, QStringLiteral("/dev/ttyS9"), false);
+        dialogs().onModal([](QWidget& p) {
+            QTest::keyClicks(control<QLineEdit>(p, QStringLiteral("txtPrefix")), QStringLiteral("8"));
+            press(p, QStringLiteral("cmdCancel"));
+        });
+        press(w, QStringLiteral("cmdDialProperties"));
         press(w, QStringLiteral("cmdClose"));
     });
-    EXPECT_EQ(GetSOption(400), QString());
-}
+    EXPECT_EQ(GetNOption(400), -1) << "cancel wrote no row";
+    EXPECT_EQ(GetSOption(401), QString());
 
-TEST_F(DialLinesTest, PropertiesAreStoredOnOkAndShownAgainNextTime)
-{
     FakeModem modem;
     SetSOption(400, modem.portName());
     withDialer([&](QWidget& w) {
         dialogs().onModal([](QWidget& p) {
             EXPECT_EQ(p.windowTitle(), QStringLiteral("Dialing Properties"));
-            snapshot(p, "DialProperties");
+            keepPicture(&p, QStringLiteral("DialProperties"));
             QTest::mouseClick(control<QRadioButton>(p, QStringLiteral("optPulse")), Qt::LeftButton);
             QTest::keyClicks(control<QLineEdit>(p, QStringLiteral("txtPrefix")), QStringLiteral("9,"));
             auto* wait = control<QSpinBox>(p, QStringLiteral("spnWait"));
@@ -181,20 +176,6 @@ TEST_F(DialLinesTest, PropertiesAreStoredOnOkAndShownAgainNextTime)
         press(w, QStringLiteral("cmdClose"));
     });
     EXPECT_EQ(modem.commands().value(2), QByteArray("ATDP9,5550100;"));
-}
-
-TEST_F(DialLinesTest, CancelledPropertiesWriteNothing)
-{
-    withDialer([&](QWidget& w) {
-        dialogs().onModal([](QWidget& p) {
-            QTest::keyClicks(control<QLineEdit>(p, QStringLiteral("txtPrefix")), QStringLiteral("8"));
-            press(p, QStringLiteral("cmdCancel"));
-        });
-        press(w, QStringLiteral("cmdDialProperties"));
-        press(w, QStringLiteral("cmdClose"));
-    });
-    EXPECT_EQ(GetNOption(400), -1) << "no row was written";
-    EXPECT_EQ(GetSOption(401), QString());
 }
 
 } // namespace

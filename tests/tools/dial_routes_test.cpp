@@ -27,11 +27,6 @@ protected:
         EXPECT_TRUE(guarded(route));
         return offered;
     }
-    static void clickRow(ui::ListBox* list, int row)
-    {
-        const QRect rect = list->visualRect(list->model()->index(row, 0));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
-    }
     static FrmAddressBook& book() { return forms::get<FrmAddressBook>(); }
 };
 
