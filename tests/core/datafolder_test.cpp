@@ -76,6 +76,10 @@ TEST_F(InstalledCopyTest, FirstStartMakesTheDatabaseInTheUsersDataFolderAndReads
     EXPECT_EQ(QDir(bin()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList())
         << "nothing is written beside the installed program";
     EXPECT_FALSE(QFile::exists(share() + QStringLiteral("varlo.mdb")));
+    // Only a folder with the share folder beside it counts as installed.
+    EXPECT_EQ(installedShareFolder(bin()), share());
+    EXPECT_EQ(installedShareFolder(programDir()), QString());
+    EXPECT_EQ(installedShareFolder(share()), QString());
 }
 
 TEST_F(InstalledCopyTest, ALaterStartKeepsTheUsersDatabaseAndTheirOwnBlankFiles)
@@ -108,13 +112,6 @@ TEST_F(InstalledCopyTest, ASecondCopyOnTheSameUsersDataFolderIsRefused)
     ASSERT_EQ(dialogs().messages().size(), 1u);
     EXPECT_EQ(lastMessage().text, QStringLiteral("Homebook is already running."));
     EXPECT_FALSE(QFile::exists(userData() + QStringLiteral("varlo.mdb")));
-}
-
-TEST_F(InstalledCopyTest, AFolderWithoutTheShareFolderBesideItIsNotAnInstalledCopy)
-{
-    EXPECT_EQ(installedShareFolder(bin()), share());
-    EXPECT_EQ(installedShareFolder(programDir()), QString());
-    EXPECT_EQ(installedShareFolder(share()), QString());
 }
 
 class DataFolderRuleTest : public ProgramFixture {};
