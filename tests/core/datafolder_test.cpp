@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "programfixture.h"
 
 #include "core/datafolder.h"
@@ -12,16 +13,6 @@
 #include <QFileInfo>
 
 using namespace hb;
-
-namespace {
-
-QString runSql(Database& db, const QString& sql)
-{
-    Recordset rs = db.openRecordset(sql);
-    return rs.eof() ? QString() : rs.value(rs.fieldNames().first()).toString();
-}
-
-} // namespace
 
 // An installed copy: the executable in a folder the user cannot write, the blank databases and the help in
 // the share folder beside it, and a user data folder of its own (XDG_DATA_HOME) for each test.
@@ -71,7 +62,7 @@ TEST_F(InstalledCopyTest, FirstStartMakesTheDatabaseInTheUsersDataFolderAndReads
         EXPECT_TRUE(copy.permissions() & QFile::WriteOwner) << name << " is the user's to change";
     }
     ASSERT_TRUE(DB.isOpen());
-    EXPECT_EQ(runSql(DB, QStringLiteral("select programversion from ProgramVersion")).toDouble(), 2.0)
+    EXPECT_EQ(scalar(DB, QStringLiteral("select programversion from ProgramVersion")).toDouble(), 2.0)
         << "the copied shell went through the upgrades of a first start";
     EXPECT_EQ(QDir(bin()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList())
         << "nothing is written beside the installed program";

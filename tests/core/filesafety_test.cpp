@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "programfixture.h"
 
 #include "core/errors.h"
@@ -24,12 +25,6 @@ using namespace hb;
 namespace {
 
 constexpr int Rows = 1500;
-
-QVariant scalar(Database& db, const QString& sql)
-{
-    Recordset rs = db.openRecordset(sql);
-    return rs.eof() ? QVariant() : rs.value(rs.fieldNames().first());
-}
 
 // What a file holds when the engine reads it whole, or an empty text when it cannot.
 QString wholeFile(const QString& file)

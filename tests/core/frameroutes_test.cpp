@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "framefixture.h"
 #include "helpfolder.h"
 #include "testdata.h"
@@ -74,11 +75,7 @@ protected:
         EXPECT_TRUE(LoadFontRecord(id, record)) << "font " << id;
         return record;
     }
-    static int count(const QString& sql)
-    {
-        Recordset rs = DB.openRecordset(sql);
-        return rs.value(QStringLiteral("result")).toInt();
-    }
+    static int count(const QString& sql) { return scalar(DB, sql).toInt(); }
     void typeSize(const QString& text)
     {
         QLineEdit* edit = combo("cmbFontSize")->lineEdit();

@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "programfixture.h"
 
 #include "core/options.h"
@@ -14,9 +15,8 @@ namespace {
 
 int rowCount(const QString& table, const QString& where = QString())
 {
-    Recordset rs = DB.openRecordset(QStringLiteral("select count(*) as [result] from ") + table +
-                                    (where.isEmpty() ? QString() : QStringLiteral(" where ") + where));
-    return rs.value(QStringLiteral("result")).toInt();
+    return scalar(DB, QStringLiteral("select count(*) from ") + table +
+                          (where.isEmpty() ? QString() : QStringLiteral(" where ") + where)).toInt();
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "programfixture.h"
 
 #include "core/errors.h"
@@ -14,12 +15,6 @@
 using namespace hb;
 
 namespace {
-
-QVariant scalar(Database& db, const QString& sql)
-{
-    Recordset rs = db.openRecordset(sql);
-    return rs.eof() ? QVariant() : rs.value(rs.fieldNames().first());
-}
 
 int compactCounter(const QString& file)
 {
