@@ -238,6 +238,7 @@ TEST_F(FrameRoutesTest, ExitProgramStoresTheSessionSettingsAndEnds)
     IncludeCountry = 1;
     EXPECT_FALSE(trigger(QStringLiteral("mnuExitProgram")));
     EXPECT_TRUE(programEnded());
+    EXPECT_EQ(exitStatus(), 0) << "an ordinary end";
     EXPECT_FALSE(ReturnToListings);
     EXPECT_FALSE(DB.isOpen());
     DB = Database::open(mainDatabase());
