@@ -167,7 +167,7 @@ TEST_F(FindTest, RefusalsComeInOrderWithTheFocusOnTheBoxAtFault)
     EXPECT_EQ(focus, (QStringList{"txtSearchText", "chkHouseholds", "chkName"}));
 }
 
-TEST_F(FindTest, NothingFoundIsAHitThatLeadsNowhere)
+TEST_F(FindTest, NothingFoundLeadsNowhereAndAHitHiddenByTheFilterPutsTheFilterBack)
 {
     addFamily();
     FrmAddressBook& w = open();
@@ -181,12 +181,8 @@ TEST_F(FindTest, NothingFoundIsAHitThatLeadsNowhere)
     EXPECT_EQ(hits, QStringList{QStringLiteral("Nothing Found")});
     EXPECT_EQ(FrmAddressBook::FoundRoofNumber, 0);
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("The O'Neil Family")) << "the display stays";
-}
 
-TEST_F(FindTest, AHitHiddenByTheFilterPutsTheFilterBackOnTheWholeDatabase)
-{
-    addFamily();
-    FrmAddressBook& w = open();
+    // A hit hidden by the filter puts the filter back on the whole database.
     auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
     chooseEntry(filter, filter->findText(QStringLiteral("Business").leftJustified(40)));
     ASSERT_EQ(items(list(w, "lstAddressBook")), QStringList{QStringLiteral("Müller & Co")});

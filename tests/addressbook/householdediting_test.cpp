@@ -87,10 +87,21 @@ TEST_F(HouseholdEditingTest, TheSameNameInAnyCaseGivesANoticeAndIsSavedAnyway)
     EXPECT_TRUE(dialogs().messages().empty()) << "the whole name is compared, not a part of it";
 }
 
-TEST_F(HouseholdEditingTest, TheListByQuestionAnsweredNoKeepsTheEditorAndYesSavesUnderTheName)
+TEST_F(HouseholdEditingTest, TheListByQuestionComesBeforeTheNameNoKeepsTheEditorYesSavesAndItCanBeTurnedOff)
 {
     FrmAddressBook& w = open();
     ASSERT_TRUE(press(w, "cmdAdd"));
+    answerListBy("CommandNo");
+    ASSERT_TRUE(press(w, "cmdOK"));
+    EXPECT_TRUE(dialogs().messages().empty()) << "an empty form is asked; after no, nothing more is said";
+    answerListBy("CommandYes");
+    ASSERT_TRUE(press(w, "cmdOK"));
+    EXPECT_EQ(shownMessage(),
+              std::make_tuple(QStringLiteral("Must enter a name!"), QStringLiteral("Name Not Entered"), MsgWarning));
+    EXPECT_EQ(focused(w), QStringLiteral("txtName"));
+    EXPECT_TRUE(shown(w, "cmdOK"));
+
+    dialogs().clearRecords();
     type(w, "txtName", QStringLiteral("Acme Ltd"));
     type(w, "txtCity", QStringLiteral("Leeds"));
     answerListBy("CommandNo");
@@ -99,42 +110,23 @@ TEST_F(HouseholdEditingTest, TheListByQuestionAnsweredNoKeepsTheEditorAndYesSave
     EXPECT_TRUE(shown(w, "txtName"));
     EXPECT_EQ(box(w, "txtCity"), QStringLiteral("Leeds"));
     EXPECT_EQ(rows(QStringLiteral("Roof")), 0);
-
     answerListBy("CommandYes");
     ASSERT_TRUE(press(w, "cmdOK"));
     EXPECT_EQ(roof(1, "SortName").toString(), QStringLiteral("Acme Ltd"));
     EXPECT_EQ(items(list(w, "lstAddressBook")), QStringList{QStringLiteral("Acme Ltd")});
     EXPECT_EQ(GetNOption(51), 0.0);
-}
 
-TEST_F(HouseholdEditingTest, DontAskThisAgainEndsTheQuestionWhicheverTheAnswer)
-{
-    FrmAddressBook& w = open();
+    // "Don't ask this again" ends the question whichever the answer.
+    dialogs().clearRecords();
     ASSERT_TRUE(press(w, "cmdAdd"));
-    type(w, "txtName", QStringLiteral("Acme Ltd"));
+    type(w, "txtName", QStringLiteral("Beta Ltd"));
     answerListBy("CommandNo", true);
     ASSERT_TRUE(press(w, "cmdOK"));
-    EXPECT_EQ(rows(QStringLiteral("Roof")), 0) << "no is still no";
+    EXPECT_EQ(rows(QStringLiteral("Roof")), 1) << "no is still no";
     EXPECT_EQ(GetNOption(51), 1.0);
     ASSERT_TRUE(press(w, "cmdOK"));
     EXPECT_EQ(dialogs().modalsShown().size(), 1);
-    EXPECT_EQ(rows(QStringLiteral("Roof")), 1);
-}
-
-TEST_F(HouseholdEditingTest, AnEmptyFormIsAskedAboutListByBeforeItsName)
-{
-    FrmAddressBook& w = open();
-    ASSERT_TRUE(press(w, "cmdAdd"));
-    answerListBy("CommandNo");
-    ASSERT_TRUE(press(w, "cmdOK"));
-    EXPECT_TRUE(dialogs().messages().empty()) << "after no, nothing more is said";
-
-    answerListBy("CommandYes");
-    ASSERT_TRUE(press(w, "cmdOK"));
-    EXPECT_EQ(shownMessage(),
-              std::make_tuple(QStringLiteral("Must enter a name!"), QStringLiteral("Name Not Entered"), MsgWarning));
-    EXPECT_EQ(focused(w), QStringLiteral("txtName"));
-    EXPECT_TRUE(shown(w, "cmdOK"));
+    EXPECT_EQ(rows(QStringLiteral("Roof")), 2);
 }
 
 TEST_F(HouseholdEditingTest, AnInvalidImportantDateIsRefusedWithTheFocusOnIt)

@@ -1,13 +1,9 @@
-#include "programfixture.h"
-#include "testdata.h"
-#include "windowdriver.h"
+#include "editingfixture.h"
 
-#include "addressbook/frmaddressbook.h"
 #include "core/errors.h"
 #include "core/session.h"
 #include "platform/clock.h"
 #include "platform/dates.h"
-#include "platform/ui/listbox.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -16,28 +12,8 @@
 
 using namespace hb;
 
-class ListingsWindowTest : public ProgramFixture {
+class ListingsWindowTest : public EditingTest {
 protected:
-    void SetUp() override
-    {
-        ProgramFixture::SetUp();
-        ASSERT_TRUE(setup());
-    }
-
-    FrmAddressBook& open()
-    {
-        FrmAddressBook* form = nullptr;
-        EXPECT_TRUE(guarded([&] { form = &forms::get<FrmAddressBook>(); }));
-        return *form;
-    }
-    static QStringList items(ui::ListBox* list)
-    {
-        QStringList texts;
-        for (int i = 0; i < list->listCount(); ++i)
-            texts << list->list(i);
-        return texts;
-    }
-    static QString text(QWidget& w, const char* name) { return control<QLabel>(w, QString::fromLatin1(name))->text(); }
     static void chooseFilter(FrmAddressBook& w, const QString& type)
     {
         auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
@@ -52,10 +28,10 @@ TEST_F(ListingsWindowTest, ListingsShowInListByOrderWithTheirSortNames)
     addListing({3, QStringLiteral("Éric Durand"), QStringLiteral("durand"), 3});
     addListing({4, QStringLiteral("Zed"), QString(), 0, {{QStringLiteral("SortName"), QVariant()}}});
     FrmAddressBook& w = open();
-    auto* list = control<ui::ListBox>(w, QStringLiteral("lstAddressBook"));
-    EXPECT_EQ(items(list), (QStringList{"...Zed", "Acme & Sons", "durand...Éric Durand", "Smith...The Smith Family"}));
+    auto* listings = list(w, "lstAddressBook");
+    EXPECT_EQ(items(listings), (QStringList{"...Zed", "Acme & Sons", "durand...Éric Durand", "Smith...The Smith Family"}));
     EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("4 Name Listings"));
-    EXPECT_EQ(list->listIndex(), 0);
+    EXPECT_EQ(listings->listIndex(), 0);
     EXPECT_EQ(w.windowTitle(), QStringLiteral("Quillon Listings and Update"));
 }
 
@@ -76,7 +52,7 @@ TEST_F(ListingsWindowTest, TheSelectedListingShowsItsFieldsAndIndividuals)
     EXPECT_EQ(text(w, "lblDCell"), QString());
     EXPECT_EQ(text(w, "lblDAnniversary"), dates::shortDate(QDate(1990, 6, 2)));
     EXPECT_EQ(control<QPlainTextEdit>(w, QStringLiteral("txtNotes"))->toPlainText(), QStringLiteral("Gate code 12"));
-    auto* persons = control<ui::ListBox>(w, QStringLiteral("lstPersons"));
+    auto* persons = list(w, "lstPersons");
     EXPECT_EQ(items(persons), (QStringList{"anna", "Zoe Smith"})) << "sorted without regard to case, no trailing blank";
     EXPECT_EQ(persons->listIndex(), 0);
     EXPECT_EQ(text(w, "lblDFirstName"), QStringLiteral("anna"));
@@ -96,7 +72,7 @@ TEST_F(ListingsWindowTest, AgesTurnOverOnTheBirthday)
     addPerson(1, 2, QStringLiteral("B"), QStringLiteral("Yesterday"), today.addYears(-1).addDays(-1));
     addPerson(1, 3, QStringLiteral("C"), QStringLiteral("Tomorrow"), today.addYears(-1).addDays(1));
     FrmAddressBook& w = open();
-    auto* persons = control<ui::ListBox>(w, QStringLiteral("lstPersons"));
+    auto* persons = list(w, "lstPersons");
     const QStringList expected = {QStringLiteral("  Age 30"), QStringLiteral("  Age 1"), QStringLiteral("  Age 0")};
     for (int i = 0; i < 3; ++i) {
         clickRow(persons, i);
@@ -120,20 +96,20 @@ TEST_F(ListingsWindowTest, TheFilterNarrowsTheListAndMovesTheSelection)
     addListing({2, QStringLiteral("Baker"), QString(), 1});
     addListing({3, QStringLiteral("Clark"), QString(), 1});
     FrmAddressBook& w = open();
-    auto* list = control<ui::ListBox>(w, QStringLiteral("lstAddressBook"));
-    clickRow(list, 0);
+    auto* listings = list(w, "lstAddressBook");
+    clickRow(listings, 0);
     chooseFilter(w, QStringLiteral("Business"));
-    EXPECT_EQ(items(list), (QStringList{"Baker", "Clark"}));
+    EXPECT_EQ(items(listings), (QStringList{"Baker", "Clark"}));
     EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("2 Name Listings"));
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Baker")) << "the first visible listing is selected";
 
-    clickRow(list, 1);
+    clickRow(listings, 1);
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Clark"));
     chooseFilter(w, QStringLiteral("Family"));
     EXPECT_EQ(text(w, "lblAddressListings"), QStringLiteral("1 Name Listing"));
     auto* filter = control<QComboBox>(w, QStringLiteral("cmbShowTypes"));
     chooseEntry(filter, 0);
-    EXPECT_EQ(items(list).size(), 3);
+    EXPECT_EQ(items(listings).size(), 3);
     EXPECT_EQ(text(w, "lblDName"), QStringLiteral("Adams")) << "the listing of the last click stays selected";
 }
 

@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "programfixture.h"
 
 #include "core/datafolder.h"
@@ -12,16 +13,6 @@
 #include <QFileInfo>
 
 using namespace hb;
-
-namespace {
-
-QString runSql(Database& db, const QString& sql)
-{
-    Recordset rs = db.openRecordset(sql);
-    return rs.eof() ? QString() : rs.value(rs.fieldNames().first()).toString();
-}
-
-} // namespace
 
 // An installed copy: the executable in a folder the user cannot write, the blank databases and the help in
 // the share folder beside it, and a user data folder of its own (XDG_DATA_HOME) for each test.
@@ -71,11 +62,15 @@ TEST_F(InstalledCopyTest, FirstStartMakesTheDatabaseInTheUsersDataFolderAndReads
         EXPECT_TRUE(copy.permissions() & QFile::WriteOwner) << name << " is the user's to change";
     }
     ASSERT_TRUE(DB.isOpen());
-    EXPECT_EQ(runSql(DB, QStringLiteral("select programversion from ProgramVersion")).toDouble(), 2.0)
+    EXPECT_EQ(scalar(DB, QStringLiteral("select programversion from ProgramVersion")).toDouble(), 2.0)
         << "the copied shell went through the upgrades of a first start";
     EXPECT_EQ(QDir(bin()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList())
         << "nothing is written beside the installed program";
     EXPECT_FALSE(QFile::exists(share() + QStringLiteral("varlo.mdb")));
+    // Only a folder with the share folder beside it counts as installed.
+    EXPECT_EQ(installedShareFolder(bin()), share());
+    EXPECT_EQ(installedShareFolder(programDir()), QString());
+    EXPECT_EQ(installedShareFolder(share()), QString());
 }
 
 TEST_F(InstalledCopyTest, ALaterStartKeepsTheUsersDatabaseAndTheirOwnBlankFiles)
@@ -108,13 +103,6 @@ TEST_F(InstalledCopyTest, ASecondCopyOnTheSameUsersDataFolderIsRefused)
     ASSERT_EQ(dialogs().messages().size(), 1u);
     EXPECT_EQ(lastMessage().text, QStringLiteral("Homebook is already running."));
     EXPECT_FALSE(QFile::exists(userData() + QStringLiteral("varlo.mdb")));
-}
-
-TEST_F(InstalledCopyTest, AFolderWithoutTheShareFolderBesideItIsNotAnInstalledCopy)
-{
-    EXPECT_EQ(installedShareFolder(bin()), share());
-    EXPECT_EQ(installedShareFolder(programDir()), QString());
-    EXPECT_EQ(installedShareFolder(share()), QString());
 }
 
 class DataFolderRuleTest : public ProgramFixture {};

@@ -71,10 +71,3 @@ TEST_F(FailureReportTest, ADamagedDatabaseIsToldByTheEnginesNumberAndNoEndsWithS
         << text.toStdString();
     EXPECT_EQ(exitStatus(), 1);
 }
-
-TEST_F(FailureReportTest, AnOrdinaryEndLeavesStatusZero)
-{
-    ASSERT_TRUE(setup());
-    EXPECT_FALSE(guarded([] { endProcess(); }));
-    EXPECT_EQ(exitStatus(), 0);
-}

@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "programfixture.h"
 
 #include "core/errors.h"
@@ -24,12 +25,6 @@ using namespace hb;
 namespace {
 
 constexpr int Rows = 1500;
-
-QVariant scalar(Database& db, const QString& sql)
-{
-    Recordset rs = db.openRecordset(sql);
-    return rs.eof() ? QVariant() : rs.value(rs.fieldNames().first());
-}
 
 // What a file holds when the engine reads it whole, or an empty text when it cannot.
 QString wholeFile(const QString& file)
@@ -98,6 +93,26 @@ protected:
         DB.execute(QStringLiteral("update CompactCount set CompactCounter = 8"));
         resetSession();  // the parent lets go of the folder, as a program that ended
     }
+    // True when this machine lets a test mount in a namespace of its own (the probe is run the same way).
+    static bool canMount(const QString& unshare, const char* probeScript)
+    {
+        QProcess probe;
+        probe.start(unshare, {"-m", "sh", "-c", probeScript});
+        return !unshare.isEmpty() && probe.waitForFinished() && probe.exitCode() == 0;
+    }
+    // Runs a child test under a shell script that mounts its folder first; the child must pass.
+    static void runMounted(const QString& unshare, const char* test, const QString& script, const QStringList& args,
+                           const QStringList& environment = {})
+    {
+        Child child(QString::fromLatin1(test), QString(), environment, QStringList{unshare, "-m", "sh", "-c", script} + args);
+        const QString output = child.finish();
+        EXPECT_TRUE(child.passed()) << output.toStdString();
+        EXPECT_TRUE(output.contains(QStringLiteral("[  PASSED  ] 1 test"))) << output.toStdString();
+    }
+    static constexpr const char* readOnlyProbe = "mount --bind /tmp /mnt && mount -o remount,ro,bind /mnt";
+    static constexpr const char* readOnlyScript =
+        "mount --bind \"$0\" \"$0\" && mount -o remount,ro,bind \"$0\" && HB_CHILD_FOLDER=\"$0\" exec \"$@\"";
+    const QString unshare = QStandardPaths::findExecutable(QStringLiteral("unshare"));
 };
 
 // The tests that run in a child process; they do nothing in a normal run.
@@ -180,10 +195,7 @@ TEST_F(FileSafetyTest, AFullDiskAtTheFirstStartLeavesNoCutOffDatabase)
 TEST_F(FileSafetyTest, CompactionOnAFullFileSystemKeepsTheDatabase)
 {
     makeDatabase(Rows);
-    const QString unshare = QStandardPaths::findExecutable(QStringLiteral("unshare"));
-    QProcess probe;
-    probe.start(unshare, {"-m", "sh", "-c", "mount -t tmpfs -o size=64k tmpfs /mnt"});
-    if (unshare.isEmpty() || !probe.waitForFinished() || probe.exitCode() != 0)
+    if (!canMount(unshare, "mount -t tmpfs -o size=64k tmpfs /mnt"))
         GTEST_SKIP() << "no small file system can be mounted here; the failing writer covers it";
 
     qint64 used = 0;
@@ -193,11 +205,7 @@ TEST_F(FileSafetyTest, CompactionOnAFullFileSystemKeepsTheDatabase)
     const QString script = QStringLiteral(
         "mount -t tmpfs -o size=%1k tmpfs \"$0\" && cp -a \"$1\"/. \"$0\"/ && m=\"$0\" && shift && HB_CHILD_FOLDER=\"$m\" exec \"$@\"")
                                .arg(used / 1024 + 256);
-    Child child(QStringLiteral("DISABLED_CompactsOnAFullDisk"), QString(), {},
-                {unshare, "-m", "sh", "-c", script, mountPoint.path(), programDir()});
-    const QString output = child.finish();
-    EXPECT_TRUE(child.passed()) << output.toStdString();
-    EXPECT_TRUE(output.contains(QStringLiteral("[  PASSED  ] 1 test"))) << output.toStdString();
+    runMounted(unshare, "DISABLED_CompactsOnAFullDisk", script, {mountPoint.path(), programDir()});
 }
 
 TEST_F(FileSafetyTest, KilledCompactionsNeverLeaveACutOffDatabaseAndTheNextStartCleansUp)
@@ -305,36 +313,19 @@ TEST_F(FileSafetyTest, AReadOnlyDataFolderStillShowsTheListings)
 {
     makeDatabase(3);
     setCounter(mainDatabase(), 2);
-    const QString unshare = QStandardPaths::findExecutable(QStringLiteral("unshare"));
-    QProcess probe;
-    probe.start(unshare, {"-m", "sh", "-c", "mount --bind /tmp /mnt && mount -o remount,ro,bind /mnt"});
-    if (unshare.isEmpty() || !probe.waitForFinished() || probe.exitCode() != 0)
+    if (!canMount(unshare, readOnlyProbe))
         GTEST_SKIP() << "no read-only mount can be made here";
-    const QString script = QStringLiteral(
-        "mount --bind \"$0\" \"$0\" && mount -o remount,ro,bind \"$0\" && HB_CHILD_FOLDER=\"$0\" exec \"$@\"");
-    Child child(QStringLiteral("DISABLED_StartsInAReadOnlyFolder"), QString(), {},
-                {unshare, "-m", "sh", "-c", script, programDir()});
-    const QString output = child.finish();
-    EXPECT_TRUE(child.passed()) << output.toStdString();
-    EXPECT_TRUE(output.contains(QStringLiteral("[  PASSED  ] 1 test"))) << output.toStdString();
+    runMounted(unshare, "DISABLED_StartsInAReadOnlyFolder", QString::fromLatin1(readOnlyScript), {programDir()});
     EXPECT_EQ(wholeFile(mainDatabase()), QStringLiteral("ok 3"));
 }
 
 TEST_F(FileSafetyTest, AReadOnlyProgramFolderWithoutADatabaseStartsOneInTheUsersDataFolder)
 {
-    const QString unshare = QStandardPaths::findExecutable(QStringLiteral("unshare"));
-    QProcess probe;
-    probe.start(unshare, {"-m", "sh", "-c", "mount --bind /tmp /mnt && mount -o remount,ro,bind /mnt"});
-    if (unshare.isEmpty() || !probe.waitForFinished() || probe.exitCode() != 0)
+    if (!canMount(unshare, readOnlyProbe))
         GTEST_SKIP() << "no read-only mount can be made here";
     QTemporaryDir home;
-    const QString script = QStringLiteral(
-        "mount --bind \"$0\" \"$0\" && mount -o remount,ro,bind \"$0\" && HB_CHILD_FOLDER=\"$0\" exec \"$@\"");
-    Child child(QStringLiteral("DISABLED_StartsInTheUsersDataFolder"), QString(),
-                {QStringLiteral("XDG_DATA_HOME=") + home.path()}, {unshare, "-m", "sh", "-c", script, programDir()});
-    const QString output = child.finish();
-    EXPECT_TRUE(child.passed()) << output.toStdString();
-    EXPECT_TRUE(output.contains(QStringLiteral("[  PASSED  ] 1 test"))) << output.toStdString();
+    runMounted(unshare, "DISABLED_StartsInTheUsersDataFolder", QString::fromLatin1(readOnlyScript), {programDir()},
+               {QStringLiteral("XDG_DATA_HOME=") + home.path()});
     EXPECT_EQ(wholeFile(home.path() + QStringLiteral("/Homebook/Data/varlo.mdb")), QStringLiteral("ok 1"));
     EXPECT_FALSE(QFile::exists(mainDatabase())) << "nothing is written beside the program";
 }

@@ -89,15 +89,13 @@ protected:
     }
 };
 
-TEST_F(HelpersTest, WebPageHandsTheLinkToTheDesktop)
+TEST_F(HelpersTest, WebPageHandsTheLinkToTheDesktopRefusesAnEmptyOneAndReportsOneThatCannotOpen)
 {
     WebPage(QStringLiteral("mailto:ann@example.org"));
     EXPECT_EQ(dialogs().urlsOpened(), QStringList{QStringLiteral("mailto:ann@example.org")});
     EXPECT_TRUE(dialogs().messages().empty());
-}
+    dialogs().clearRecords();
 
-TEST_F(HelpersTest, WebPageRefusesAnEmptyLinkAndReportsOneThatCannotOpen)
-{
     WebPage(QStringLiteral("   "));
     ASSERT_EQ(dialogs().messages().size(), 1u);
     EXPECT_EQ(lastMessage().text, QStringLiteral("An empty URL was encountered in WebPage.  This page cannot be loaded."));
@@ -110,10 +108,17 @@ TEST_F(HelpersTest, WebPageRefusesAnEmptyLinkAndReportsOneThatCannotOpen)
                                                  "Your browser may not be installed correctly."));
 }
 
-TEST_F(HelpersTest, EveryContextNumberOpensItsOwnHelpPage)
+TEST_F(HelpersTest, EveryContextNumberOpensItsOwnHelpPageAndMissingHelpIsReported)
 {
-    installHelp();
     ASSERT_TRUE(setup());
+    ShowHelpTopic(QStringLiteral("2380"));
+    EXPECT_EQ(shownHelpPage(), QString());
+    ASSERT_EQ(dialogs().messages().size(), 1u);
+    EXPECT_EQ(lastMessage().text,
+              QStringLiteral("The help of Quillon Homebook cannot be found in ") + programDir() + QStringLiteral("help."));
+    dialogs().clearRecords();
+
+    installHelp();
     const std::pair<const char*, const char*> topics[] = {
         {"2190", "address-report.html"}, {"2195", "phone-report.html"}, {"2197", "detail-report.html"},
         {"2199", "custom-report.html"},  {"2320", "options.html"},       {"2380", "faq.html"},
@@ -126,16 +131,6 @@ TEST_F(HelpersTest, EveryContextNumberOpensItsOwnHelpPage)
     ShowHelpContents();
     EXPECT_EQ(shownHelpPage(), QStringLiteral("index.html"));
     EXPECT_TRUE(dialogs().messages().empty());
-}
-
-TEST_F(HelpersTest, MissingHelpIsReportedInsteadOfIgnored)
-{
-    ASSERT_TRUE(setup());
-    ShowHelpTopic(QStringLiteral("2380"));
-    EXPECT_EQ(shownHelpPage(), QString());
-    ASSERT_EQ(dialogs().messages().size(), 1u);
-    EXPECT_EQ(lastMessage().text,
-              QStringLiteral("The help of Quillon Homebook cannot be found in ") + programDir() + QStringLiteral("help."));
 }
 
 TEST_F(HelpersTest, ClearToolTipsLeavesEveryTipInPlace)

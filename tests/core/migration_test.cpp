@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "framefixture.h"
 
 #include "addressbook/frmaddressbook.h"
@@ -24,11 +25,7 @@ QByteArray digest(const QString& path)
     return QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256);
 }
 
-int count(const QString& sql)
-{
-    Recordset rs = DB.openRecordset(sql);
-    return rs.value(rs.fieldNames().first()).toInt();
-}
+int count(const QString& sql) { return scalar(DB, sql).toInt(); }
 
 } // namespace
 

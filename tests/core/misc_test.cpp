@@ -48,7 +48,7 @@ protected:
     }
 };
 
-TEST_F(RecordNumbersTest, NumbersFollowTheHighestAndReuseADeletedTop)
+TEST_F(RecordNumbersTest, NumbersFollowTheHighestReuseADeletedTopAndOverflowAtTheSixteenBitLimit)
 {
     EXPECT_EQ(GetNextRoofNumber(), 1);
     EXPECT_EQ(GetNextPersonNumber(), 1);
@@ -60,14 +60,11 @@ TEST_F(RecordNumbersTest, NumbersFollowTheHighestAndReuseADeletedTop)
     EXPECT_FALSE(PersonRS.isOpen());
     DB.execute(QStringLiteral("delete from Roof where RoofNumber = 7"));
     EXPECT_EQ(GetNextRoofNumber(), 5);
-}
 
-TEST_F(RecordNumbersTest, TheSixteenBitLimitIsAnOverflow)
-{
     DB.execute(QStringLiteral("insert into Roof (RoofNumber, RoofName, SortName) values (32767, 'A', 'A')"));
     try {
         GetNextRoofNumber();
-        FAIL() << "no overflow";
+        FAIL() << "no overflow at the sixteen-bit limit";
     } catch (const RuntimeError& failure) {
         EXPECT_EQ(failure.number(), 6);
     }

@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "programfixture.h"
 
 #include "core/options.h"
@@ -14,9 +15,8 @@ namespace {
 
 int rowCount(const QString& table, const QString& where = QString())
 {
-    Recordset rs = DB.openRecordset(QStringLiteral("select count(*) as [result] from ") + table +
-                                    (where.isEmpty() ? QString() : QStringLiteral(" where ") + where));
-    return rs.value(QStringLiteral("result")).toInt();
+    return scalar(DB, QStringLiteral("select count(*) from ") + table +
+                          (where.isEmpty() ? QString() : QStringLiteral(" where ") + where)).toInt();
 }
 
 } // namespace
@@ -30,17 +30,14 @@ protected:
     }
 };
 
-TEST_F(OptionsTest, AMissingRowReadsMinusOneWhichIsOffForCheckBoxesAndOnForBooleans)
+TEST_F(OptionsTest, SeededRowsReadTheirValuesAndAMissingOneIsOffForCheckBoxesAndOnForBooleans)
 {
     EXPECT_DOUBLE_EQ(GetNOption(6), -1);
     for (int checkBox : {6, 7, 8, 12, 14, 16, 26, 51, 312, 326})
         EXPECT_FALSE(CheckOptionOn(checkBox)) << "option " << checkBox;
     for (int boolean : {10, 11})
         EXPECT_TRUE(BooleanOptionOn(boolean)) << "option " << boolean;
-}
 
-TEST_F(OptionsTest, SeededRowsReadTheirValuesInEachConvention)
-{
     EXPECT_TRUE(CheckOptionOn(13));
     EXPECT_TRUE(CheckOptionOn(313));
     EXPECT_FALSE(BooleanOptionOn(9)) << "the address of listing reports is seeded off";
@@ -137,13 +134,12 @@ TEST_F(OptionsTest, MemoOptionsKeepLongTextInOneRow)
     EXPECT_EQ(rowCount(QStringLiteral("MemoOptions")), 1);
 }
 
-TEST_F(OptionsTest, FontsRoundTripThroughTheFontTable)
+TEST_F(OptionsTest, FontsRoundTripThroughTheFontTableAndTheBirthdayFontHasNoRowUntilSaved)
 {
     QFont font;
     ASSERT_TRUE(LoadFont(3, font));
     EXPECT_EQ(font.family(), QStringLiteral("Arial"));
     EXPECT_EQ(font.pointSize(), 10);
-
     font.setFamily(QStringLiteral("DejaVu Serif"));
     font.setPointSizeF(13.4);
     font.setBold(true);
@@ -151,34 +147,26 @@ TEST_F(OptionsTest, FontsRoundTripThroughTheFontTable)
     font.setUnderline(true);
     font.setStrikeOut(true);
     SaveFont(3, font);
-
     QFont read;
     ASSERT_TRUE(LoadFont(3, read));
     EXPECT_EQ(read.family(), QStringLiteral("DejaVu Serif"));
     EXPECT_EQ(read.pointSize(), 13) << "sizes are whole points";
-    EXPECT_TRUE(read.bold());
     EXPECT_EQ(read.weight(), QFont::Bold);
-    EXPECT_TRUE(read.italic());
-    EXPECT_TRUE(read.underline());
-    EXPECT_TRUE(read.strikeOut());
-}
+    EXPECT_TRUE(read.bold() && read.italic() && read.underline() && read.strikeOut());
 
-TEST_F(OptionsTest, TheBirthdayFontHasNoRowUntilOneIsSaved)
-{
-    QFont font(QStringLiteral("Courier"), 17);
-    EXPECT_FALSE(LoadFont(7, font));
-    EXPECT_EQ(font.family(), QStringLiteral("Courier")) << "no row leaves the font as it was";
-    EXPECT_EQ(font.pointSize(), 17);
-
-    font.setItalic(true);
-    SaveFont(7, font);
+    QFont birthday(QStringLiteral("Courier"), 17);
+    EXPECT_FALSE(LoadFont(7, birthday));
+    EXPECT_EQ(birthday.family(), QStringLiteral("Courier")) << "no row leaves the font as it was";
+    EXPECT_EQ(birthday.pointSize(), 17);
+    birthday.setItalic(true);
+    SaveFont(7, birthday);
     EXPECT_EQ(rowCount(QStringLiteral("Font"), QStringLiteral("ID = 7")), 1);
-    QFont read;
-    ASSERT_TRUE(LoadFont(7, read));
-    EXPECT_EQ(read.family(), QStringLiteral("Courier"));
-    EXPECT_EQ(read.pointSize(), 17);
-    EXPECT_TRUE(read.italic());
-    EXPECT_FALSE(read.bold());
+    QFont saved;
+    ASSERT_TRUE(LoadFont(7, saved));
+    EXPECT_EQ(saved.family(), QStringLiteral("Courier"));
+    EXPECT_EQ(saved.pointSize(), 17);
+    EXPECT_TRUE(saved.italic());
+    EXPECT_FALSE(saved.bold());
 }
 
 TEST_F(OptionsTest, AFontRecordKeepsAllEightMembersAndItsWeightComesLast)

@@ -1,3 +1,4 @@
+#include "dbvalue.h"
 #include "programfixture.h"
 
 #include "core/errors.h"
@@ -14,12 +15,6 @@
 using namespace hb;
 
 namespace {
-
-QVariant scalar(Database& db, const QString& sql)
-{
-    Recordset rs = db.openRecordset(sql);
-    return rs.eof() ? QVariant() : rs.value(rs.fieldNames().first());
-}
 
 int compactCounter(const QString& file)
 {
@@ -55,7 +50,7 @@ TEST_F(StartupTest, FirstStartMakesTheDatabaseFromTheShellAndUpgradesItToTwo)
     EXPECT_EQ(ski->size, 5);
 }
 
-TEST_F(StartupTest, TheUpgradeSeedsTheOptionsAndFonts)
+TEST_F(StartupTest, TheUpgradeSeedsTheOptionsAndFontsAndBringsTheExportDatabaseAlong)
 {
     ASSERT_TRUE(setup());
     const std::pair<int, double> seeds[] = {{4, 0},     {5, 1},     {9, 0},   {13, 1},  {15, 1},  {18, 1},
@@ -76,11 +71,8 @@ TEST_F(StartupTest, TheUpgradeSeedsTheOptionsAndFonts)
     EXPECT_EQ(expectedId, 7) << "six font rows, and none for the birthday report";
     EXPECT_EQ(scalar(DB, QStringLiteral("select count(*) from StringOptions where OptionNumber = 1")).toInt(), 1);
     EXPECT_EQ(DisplayAbout, 1) << "the seeded option is seen by the same start";
-}
 
-TEST_F(StartupTest, TheExportDatabaseIsBroughtToTwoAlongWithTheMainOne)
-{
-    ASSERT_TRUE(setup());
+    // The export database is brought to two along with the main one.
     Database exportDb = Database::open(dataDir() + QStringLiteral("export.mdb"));
     EXPECT_DOUBLE_EQ(scalar(exportDb, QStringLiteral("select programversion from ProgramVersion")).toDouble(), 2.0);
     EXPECT_NE(exportDb.tableDef(QStringLiteral("Roof"))->field(QStringLiteral("Cell")), nullptr);
