@@ -149,13 +149,16 @@ TEST_F(LabelListTest, DeleteOfFirstMiddleLastAndOnlyLabel)
 
     // With nothing to act on, the handlers say so. The buttons are disabled then, so the handlers are
     // called as the program's own code would.
-    const std::pair<void (FrmLabels::*)(), const char*> handlers[] = {
-        {&FrmLabels::cmdChange_Click, "change"}, {&FrmLabels::cmdDelete_Click, "delete"}, {&FrmLabels::cmdDuplicate_Click, "duplicate"}};
-    for (const auto& [handler, word] : handlers) {
-        (w->*handler)();
+    const auto saysNothingIsSelected = [this](const char* word) {
         EXPECT_EQ(lastMessage().text, QStringLiteral("Must select label to %1!").arg(QString::fromLatin1(word)));
         EXPECT_EQ(lastMessage().title, QStringLiteral("No Label Selected"));
-    }
+    };
+    w->cmdChange_Click();
+    saysNothingIsSelected("change");
+    w->cmdDelete_Click();
+    saysNothingIsSelected("delete");
+    w->cmdDuplicate_Click();
+    saysNothingIsSelected("duplicate");
     click(*w, QStringLiteral("cmdInsert"));
     EXPECT_EQ(labels->listCount(), 5) << "insert on an empty list makes label 1";
     EXPECT_EQ(labels->listIndex(), 0);
