@@ -9,7 +9,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core fonts-liberation2 adwaita-icon-theme
   poppler-utils xvfb xauth
-  dpkg-dev lintian desktop-file-utils appstream
+  dpkg-dev file lintian desktop-file-utils appstream
   "$@"
 )
 # The print queue of the printing test. Without root or sudo, or where they do not install, they are left
