@@ -28,6 +28,7 @@ void BM_SaveChangedListing(benchmark::State& state)
 {
     LargeWorld::instance().open();
     FrmAddressBook& w = forms::get<FrmAddressBook>();
+    w.show();
     auto* list = control<ui::ListBox>(w, QStringLiteral("lstAddressBook"));
     int round = 0;
     for (auto _ : state) {
@@ -49,6 +50,7 @@ void BM_SaveAddedListing(benchmark::State& state)
 {
     LargeWorld::instance().open();
     FrmAddressBook& w = forms::get<FrmAddressBook>();
+    w.show();
     for (auto _ : state) {
         state.PauseTiming();
         DB.execute(QStringLiteral("delete from Roof where RoofNumber = %1").arg(LargeWorld::Listings));
@@ -67,6 +69,7 @@ void BM_FindAllFieldsBothLevels(benchmark::State& state, const char* text)
 {
     LargeWorld::instance().open();
     FrmSearch& search = forms::get<FrmSearch>();
+    search.show();
     for (const char* level : {"chkHouseholds", "chkIndividuals"})
         control<QCheckBox>(search, QString::fromLatin1(level))->setChecked(true);
     click(search, QStringLiteral("cmdAll"));

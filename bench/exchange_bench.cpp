@@ -54,6 +54,7 @@ public:
         forms::unloadAll();
         BackupMode = mode;
         FrmBackup& w = forms::get<FrmBackup>();
+        w.show();
         if (mode == QLatin1String("E"))
             click(w, QStringLiteral("cmdAll"));
         if (mode == QLatin1String("I")) {
