@@ -37,21 +37,94 @@ void Connection::close()
     db = nullptr;
 }
 
-sqlite3_stmt* Connection::takeIdle(const QString& sql)
+namespace {
+
+quint64 generation = 0;
+
+// The authorizer sees every statement as SQLite compiles it; it lets everything through and notes the
+// statements that change a definition, including a direct write to the schema table.
+int noteDefinitions(void* connection, int action, const char* name, const char* value, const char*, const char*)
 {
-    return idle_.take(sql);
+    bool changes = false;
+    switch (action) {
+    case SQLITE_CREATE_INDEX: case SQLITE_CREATE_TABLE: case SQLITE_CREATE_TEMP_INDEX:
+    case SQLITE_CREATE_TEMP_TABLE: case SQLITE_CREATE_TEMP_TRIGGER: case SQLITE_CREATE_TEMP_VIEW:
+    case SQLITE_CREATE_TRIGGER: case SQLITE_CREATE_VIEW: case SQLITE_DROP_INDEX: case SQLITE_DROP_TABLE:
+    case SQLITE_DROP_TEMP_INDEX: case SQLITE_DROP_TEMP_TABLE: case SQLITE_DROP_TEMP_TRIGGER:
+    case SQLITE_DROP_TEMP_VIEW: case SQLITE_DROP_TRIGGER: case SQLITE_DROP_VIEW: case SQLITE_ALTER_TABLE:
+    case SQLITE_CREATE_VTABLE: case SQLITE_DROP_VTABLE: case SQLITE_ATTACH: case SQLITE_DETACH:
+        changes = true;
+        break;
+    case SQLITE_INSERT: case SQLITE_UPDATE: case SQLITE_DELETE:
+        changes = name && (qstricmp(name, "sqlite_master") == 0 || qstricmp(name, "sqlite_schema") == 0);
+        break;
+    case SQLITE_PRAGMA:
+        changes = value && name && qstricmp(name, "schema_version") == 0;
+        break;
+    case SQLITE_TRANSACTION:
+        changes = name && qstricmp(name, "ROLLBACK") == 0;
+        break;
+    case SQLITE_SAVEPOINT:
+        changes = name && qstricmp(name, "ROLLBACK") == 0;
+        break;
+    default:
+        break;
+    }
+    if (changes) {
+        ++generation;
+        if (bool* flag = static_cast<Connection*>(connection)->changesDefinitions)
+            *flag = true;
+    }
+    return SQLITE_OK;
 }
 
-void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt)
+}  // namespace
+
+quint64 definitionGeneration()
+{
+    return generation;
+}
+
+void installEngineRules(Connection& connection)
+{
+    registerTextRules(connection.db);
+    sqlite3_set_authorizer(connection.db, noteDefinitions, &connection);
+}
+
+sqlite3_stmt* Connection::takeIdle(const QString& sql)
+{
+    const auto found = idle_.find(sql);
+    if (found == idle_.end())
+        return nullptr;
+    const Idle idle = found.value();
+    idle_.erase(found);
+    if (idle.generation == generation)
+        return idle.stmt;
+    sqlite3_finalize(idle.stmt);
+    return nullptr;
+}
+
+void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 preparedAt)
 {
     constexpr int MostKept = 64;
-    if (idle_.contains(sql) || idle_.size() >= MostKept) {
+    if (preparedAt != generation || idle_.contains(sql)) {
         sqlite3_finalize(stmt);
         return;
     }
+    // The one used longest ago makes room: texts built around a value are used once, the program's
+    // own texts over and over.
+    if (idle_.size() >= MostKept) {
+        auto oldest = idle_.begin();
+        for (auto it = idle_.begin(); it != idle_.end(); ++it) {
+            if (it->used < oldest->used)
+                oldest = it;
+        }
+        sqlite3_finalize(oldest->stmt);
+        idle_.erase(oldest);
+    }
     sqlite3_reset(stmt);
     sqlite3_clear_bindings(stmt);
-    idle_.insert(sql, stmt);
+    idle_.insert(sql, Idle{stmt, preparedAt, ++uses_});
 }
 
 namespace {
@@ -64,13 +137,16 @@ bool isReadOnlyFolder(const QString& folder)
 
 void configure(Connection& connection, OpenMode mode)
 {
-    registerTextRules(connection.db);
+    installEngineRules(connection);
     sqlite3_busy_timeout(connection.db, 5000);
     if (mode == OpenMode::ReadOnly) {
         run(connection, QStringLiteral("SELECT count(*) FROM sqlite_master"));
     } else {
         run(connection, QStringLiteral("PRAGMA journal_mode=WAL"));
         run(connection, QStringLiteral("PRAGMA synchronous=NORMAL"));
+        // Inside a transaction each write keeps the pages it may have to undo in a statement journal:
+        // in memory, not in a scratch file written page by page.
+        run(connection, QStringLiteral("PRAGMA temp_store=MEMORY"));
     }
     run(connection, QStringLiteral("PRAGMA foreign_keys=ON"));
 }
@@ -148,12 +224,15 @@ std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode)
 Statement::Statement(Connection& connection, const QString& sql) : m_connection(&connection), m_sql(sql)
 {
     connection.requireOpen();
+    m_generation = generation;
     m_stmt = connection.takeIdle(sql);
     if (m_stmt)
         return;
     const QByteArray text = sql.toUtf8();
     const char* tail = nullptr;
+    connection.changesDefinitions = &m_changesDefinitions;
     const int rc = sqlite3_prepare_v2(connection.db, text.constData(), int(text.size()), &m_stmt, &tail);
+    connection.changesDefinitions = nullptr;
     if (rc != SQLITE_OK)
         throw sqliteError(connection, rc, sql);
     if (!m_stmt)  // nothing but blanks or comments
@@ -174,11 +253,11 @@ Statement::~Statement()
 void Statement::finalize()
 {
     if (m_stmt && m_connection->isOpen()) {
-        // Queries are prepared afresh: their columns must follow changes of the tables.
-        if (m_trailing || sqlite3_stmt_readonly(m_stmt))
+        // A statement that changes definitions runs afresh each time, so that each run is counted.
+        if (m_trailing || m_changesDefinitions)
             sqlite3_finalize(m_stmt);
         else
-            m_connection->keepIdle(m_sql, m_stmt);
+            m_connection->keepIdle(m_sql, m_stmt, m_generation);
     }
     m_stmt = nullptr;
 }
@@ -187,6 +266,8 @@ bool Statement::step()
 {
     m_connection->requireOpen();
     const int rc = sqlite3_step(m_stmt);
+    if (m_changesDefinitions)
+        ++generation;
     if (rc == SQLITE_ROW)
         return true;
     if (rc == SQLITE_DONE)

@@ -28,14 +28,33 @@ struct Connection {
     // file and closes it, so that the file is whole on its own.
     void close();
 
-    // Prepared writes kept for their next use: the program runs the same few
-    // texts for every row it writes, and preparing is most of the cost.
+    // Prepared statements kept for their next use: the program runs the same
+    // few texts for every row it reads or writes, and preparing is most of the
+    // cost. A statement prepared before a definition last changed is not given
+    // out again, so that the columns of "select *" follow the tables.
     sqlite3_stmt* takeIdle(const QString& sql);
-    void keepIdle(const QString& sql, sqlite3_stmt* stmt);
+    void keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 generation);
+
+    // Set while a statement is prepared: told whether it changes a definition.
+    bool* changesDefinitions = nullptr;
 
 private:
-    QHash<QString, sqlite3_stmt*> idle_;
+    struct Idle {
+        sqlite3_stmt* stmt = nullptr;
+        quint64 generation = 0;
+        quint64 used = 0;
+    };
+    QHash<QString, Idle> idle_;
+    quint64 uses_ = 0;
 };
+
+// Counts the statements of this process that change a definition (of a table, index, trigger or view),
+// or roll one back, both when they are prepared and when they run. SQLite prepares a kept statement
+// again by itself when it next runs, but the columns it describes before that are the old ones.
+quint64 definitionGeneration();
+
+// What every open connection has: the engine's text rules and the count of changed definitions.
+void installEngineRules(Connection& connection);
 
 enum class OpenMode { Existing, ReadOnly, Create };
 
@@ -69,6 +88,8 @@ private:
     sqlite3_stmt* m_stmt = nullptr;
     QString m_sql;
     bool m_trailing = false;
+    bool m_changesDefinitions = false;
+    quint64 m_generation = 0;
 };
 
 // Runs one statement to its end.

@@ -67,7 +67,7 @@ std::shared_ptr<Connection> memoryConnection(const QString& path)
         throw engineError(3000, {QString::number(SQLITE_NOMEM), QStringLiteral("out of memory")});
     }
     sqlite3_extended_result_codes(connection->db, 1);
-    registerTextRules(connection->db);
+    installEngineRules(*connection);
     return connection;
 }
 

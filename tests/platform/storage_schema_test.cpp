@@ -114,6 +114,29 @@ TEST_F(StorageSchema, AppendFieldToATableWithRows)
     EXPECT_EQ(errorOf([&] { db.appendField("Nothing", cell); }), 3265);
 }
 
+// Queries are kept prepared between uses; a changed table, by this handle or another on the same file,
+// and a change rolled back, must show in the columns of the next "select *".
+TEST_F(StorageSchema, KeptQueriesFollowChangedDefinitions)
+{
+    addRoof(1, "Anders");
+    const auto fields = [&] { return db.openRecordset("select * from Roof").fieldNames(); };
+    const QStringList before = fields();
+    EXPECT_EQ(fields(), before);
+
+    db.appendField("Roof", field("Cell", FieldType::Text, 25));
+    EXPECT_EQ(fields(), before + QStringList({"Cell"}));
+
+    Database other = Database::open(path("test.db"));
+    other.appendField("Roof", field("Fax", FieldType::Text, 25));
+    EXPECT_EQ(fields(), before + QStringList({"Cell", "Fax"}));
+
+    db.execute("begin");
+    db.execute("alter table Roof add column Pager text");
+    EXPECT_EQ(fields().last(), "Pager");
+    db.execute("rollback");
+    EXPECT_EQ(fields(), before + QStringList({"Cell", "Fax"}));
+}
+
 TEST_F(StorageSchema, CreatingAnExistingTableFailsAndLeavesItWhole)
 {
     addRoof(1, "Anders");
