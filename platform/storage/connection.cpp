@@ -30,6 +30,7 @@ void Connection::close()
     if (!db)
         return;
     idle_.clear();
+    tables_.clear();
     while (sqlite3_stmt* stmt = sqlite3_next_stmt(db, nullptr))
         sqlite3_finalize(stmt);
     sqlite3_exec(db, "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr);
@@ -89,6 +90,23 @@ void installEngineRules(Connection& connection)
 {
     registerTextRules(connection.db);
     sqlite3_set_authorizer(connection.db, noteDefinitions, &connection);
+}
+
+QString Connection::knownTable(const QString& asked) const
+{
+    return tablesGeneration_ == generation ? tables_.value(asked) : QString();
+}
+
+void Connection::rememberTable(const QString& asked, const QString& name)
+{
+    if (tablesGeneration_ != generation) {
+        tables_.clear();
+        tablesGeneration_ = generation;
+    }
+    constexpr int MostKept = 256;
+    if (tables_.size() >= MostKept)
+        tables_.clear();
+    tables_.insert(asked, name);
 }
 
 sqlite3_stmt* Connection::takeIdle(const QString& sql)
@@ -276,7 +294,7 @@ bool Statement::step()
     // its start; the error is built after it, when the table is free again.
     const QString message = QString::fromUtf8(sqlite3_errmsg(m_connection->db));
     sqlite3_reset(m_stmt);
-    throw sqliteError(*m_connection, rc, m_sql, message);
+    throw sqliteError(*m_connection, rc, sql(), message);
 }
 
 void Statement::bind(int index, const QVariant& stored)

@@ -38,6 +38,10 @@ struct Connection {
     // Set while a statement is prepared: told whether it changes a definition.
     bool* changesDefinitions = nullptr;
 
+    // Table names as the file spells them, by the spelling asked for, while no definition changes.
+    QString knownTable(const QString& asked) const;
+    void rememberTable(const QString& asked, const QString& name);
+
 private:
     struct Idle {
         sqlite3_stmt* stmt = nullptr;
@@ -46,6 +50,8 @@ private:
     };
     QHash<QString, Idle> idle_;
     quint64 uses_ = 0;
+    QHash<QString, QString> tables_;
+    quint64 tablesGeneration_ = 0;
 };
 
 // Counts the statements of this process that change a definition (of a table, index, trigger or view),
@@ -72,7 +78,9 @@ public:
     Statement& operator=(const Statement&) = delete;
 
     sqlite3_stmt* handle() const { return m_stmt; }
-    const QString& sql() const { return m_sql; }
+    const QString& sql() const { return m_shown.isNull() ? m_sql : m_shown; }
+    // The text that failures name, when the statement runs another text in its place.
+    void showAs(const QString& sql) { m_shown = sql; }
     bool hasTrailingText() const { return m_trailing; }
 
     // True for a row, false when done; a failure throws the engine's error.
@@ -87,6 +95,7 @@ private:
     Connection* m_connection;
     sqlite3_stmt* m_stmt = nullptr;
     QString m_sql;
+    QString m_shown;
     bool m_trailing = false;
     bool m_changesDefinitions = false;
     quint64 m_generation = 0;

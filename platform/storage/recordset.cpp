@@ -30,12 +30,12 @@ void Recordset::Impl::requireEditing() const
 
 int Recordset::Impl::column(const QString& name) const
 {
-    if (const auto known = byName.constFind(name); known != byName.cend())
+    if (const auto known = shape->byName.constFind(name); known != shape->byName.cend())
         return *known;
-    const int index = byName.value(name.toCaseFolded(), -1);
+    const int index = shape->byName.value(name.toCaseFolded(), -1);
     if (index < 0)
         throw engineError(3265, {}, given);
-    byName.insert(name, index);
+    shape->byName.insert(name, index);
     return index;
 }
 
@@ -53,7 +53,7 @@ void Recordset::Impl::fetch()
             rows.readRow(row, stmt, first);
         }
     } catch (const DbError&) {
-        rows = RowStore(int(columns.size()));  // a later try reads from the start again
+        rows = RowStore(int(shape->columns.size()));  // a later try reads from the start again
         throw;
     }
     query.reset();
@@ -78,7 +78,7 @@ int Recordset::Impl::nextLive(int from) const
 QVariant Recordset::Impl::present(int row, int column) const
 {
     const RowStore::Cell& cell = rows.cell(row, column);
-    const std::optional<FieldType> type = columns[column].type;
+    const std::optional<FieldType> type = shape->columns[column].type;
     switch (cell.kind) {
     case RowStore::Cell::Integer: return hb::storage::fromInteger(type, cell.integer);
     case RowStore::Cell::Real: return hb::storage::fromReal(type, cell.real);
@@ -91,7 +91,7 @@ QVariant Recordset::Impl::present(int row, int column) const
 
 QVariant Recordset::Impl::presentStored(int column, const QVariant& stored) const
 {
-    const std::optional<FieldType> type = columns[column].type;
+    const std::optional<FieldType> type = shape->columns[column].type;
     switch (stored.typeId()) {
     case QMetaType::LongLong: return hb::storage::fromInteger(type, stored.toLongLong());
     case QMetaType::Double: return hb::storage::fromReal(type, stored.toDouble());
@@ -186,18 +186,19 @@ void Recordset::setValue(const QString& field, const QVariant& v)
     Impl& r = impl();
     r.requireEditing();
     const int column = r.column(field);
-    r.buffer.insert(column, hb::storage::toStored(r.columns[column].type, v));
+    r.buffer.insert(column, hb::storage::toStored(r.shape->columns[column].type, v));
 }
 
 bool Recordset::hasField(const QString& field) const
 {
-    return impl().byName.contains(field.toCaseFolded());
+    const QHash<QString, int>& names = impl().shape->byName;
+    return names.contains(field) || names.contains(field.toCaseFolded());
 }
 
 QStringList Recordset::fieldNames() const
 {
     QStringList names;
-    for (const hb::storage::RecordsetColumn& column : impl().columns)
+    for (const hb::storage::RecordsetColumn& column : impl().shape->columns)
         names << column.name;
     return names;
 }

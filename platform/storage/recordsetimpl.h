@@ -21,6 +21,16 @@ struct RecordsetColumn {
     std::optional<FieldType> type;  // none for a computed column
 };
 
+// What the columns of a query are. Queries of the same columns share one: the program opens the same
+// few shapes for every row it reads.
+struct RecordsetShape {
+    QList<RecordsetColumn> columns;
+    // Case-folded names, also "table.field"; spellings once looked up join them.
+    QHash<QString, int> byName;
+    // The texts that write or read back rows, by table, kind and columns.
+    QHash<QString, QString> writeTexts;
+};
+
 }  // namespace hb::storage
 
 // The state behind a Recordset: recordsetopen.cpp prepares it, recordset.cpp
@@ -52,9 +62,7 @@ public:
     QString given;  // the table name or SQL as opened
     hb::storage::RecordsetSource source;
     std::unique_ptr<hb::storage::Statement> query;  // until the rows are fetched
-    QList<hb::storage::RecordsetColumn> columns;
-    // Case-folded names, also "table.field"; spellings once looked up join them.
-    mutable QHash<QString, int> byName;
+    std::shared_ptr<hb::storage::RecordsetShape> shape;
     int first = 0;               // 1 when the query's column 0 is the rowid
     hb::storage::RowStore rows;
     bool fetched = false;
@@ -71,5 +79,8 @@ private:
     void describeColumns();
     QString columnList(const QList<int>& indexes) const;
     QString writeSql(const QList<int>& indexes) const;
+    QString refreshSql(const QList<int>& indexes) const;
+    // The write of the current mode, or with kind 'R' the read-back, made once per shape and columns.
+    QString keptText(QChar kind, const QList<int>& indexes) const;
     QString criteriaSql(const QString& criteria) const;
 };

@@ -40,13 +40,20 @@ void Recordset::Impl::open()
         prepare(source.sql);
     }
     describeColumns();
-    rows = RowStore(int(columns.size()));
+    rows = RowStore(int(shape->columns.size()));
 }
 
 // False when the SQL was meant to write to a table but reads other columns.
 bool Recordset::Impl::prepare(const QString& sql)
 {
-    query = std::make_unique<Statement>(*connection, sql);
+    if (const std::optional<hb::storage::SharedSelect> shared = hb::storage::shareLiterals(sql)) {
+        query = std::make_unique<Statement>(*connection, shared->sql);
+        query->showAs(sql);
+        for (int i = 0; i < shared->values.size(); ++i)
+            query->bind(i + 1, shared->values[i]);
+    } else {
+        query = std::make_unique<Statement>(*connection, sql);
+    }
     if (query->hasTrailingText())
         throw engineError(3142, {}, sql);
     first = source.table.isEmpty() ? 0 : 1;
@@ -67,10 +74,27 @@ bool Recordset::Impl::readsTableColumns() const
 
 void Recordset::Impl::describeColumns()
 {
-    columns.clear();
-    byName.clear();
     sqlite3_stmt* stmt = query->handle();
-    for (int i = first; i < sqlite3_column_count(stmt); ++i) {
+    const int count = sqlite3_column_count(stmt);
+    // The shape follows from these names alone, read as SQLite gives them.
+    QByteArray key;
+    key.reserve(count * 48);
+    for (int i = first; i < count; ++i) {
+        for (const char* part : {sqlite3_column_name(stmt, i), sqlite3_column_origin_name(stmt, i),
+                                 sqlite3_column_decltype(stmt, i), sqlite3_column_table_name(stmt, i)}) {
+            key.append(part ? part : "\x01");
+            key.append('\0');
+        }
+    }
+    static QHash<QByteArray, std::shared_ptr<hb::storage::RecordsetShape>> known;
+    if (const auto found = known.constFind(key); found != known.cend()) {
+        shape = *found;
+        return;
+    }
+    shape = std::make_shared<hb::storage::RecordsetShape>();
+    QList<hb::storage::RecordsetColumn>& columns = shape->columns;
+    QHash<QString, int>& byName = shape->byName;
+    for (int i = first; i < count; ++i) {
         hb::storage::RecordsetColumn column;
         column.name = columnText(sqlite3_column_name(stmt, i));
         column.origin = columnText(sqlite3_column_origin_name(stmt, i));
@@ -89,4 +113,8 @@ void Recordset::Impl::describeColumns()
     // With two columns of one name, the first answers to it.
     for (int i = int(columns.size()) - 1; i >= 0; --i)
         byName.insert(columns[i].name.toCaseFolded(), i);
+    constexpr int MostKnown = 512;
+    if (known.size() >= MostKnown)
+        known.clear();
+    known.insert(key, shape);
 }

@@ -142,7 +142,62 @@ RecordsetSource planSelect(Connection& connection, const QString& sql)
     return {head + body, table};
 }
 
+bool isComparison(QStringView text)
+{
+    return text == u"=" || text == u"<" || text == u">";
+}
+
+bool isPlainInteger(QStringView text)
+{
+    if (text.isEmpty() || text.size() > 18)
+        return false;
+    for (QChar c : text) {
+        if (c < u'0' || c > u'9')
+            return false;
+    }
+    return true;
+}
+
 }  // namespace
+
+std::optional<SharedSelect> shareLiterals(const QString& sql)
+{
+    const std::vector<Token> tokens = tokenize(sql);
+    const auto text = [&](size_t i) { return QStringView(sql).mid(tokens[i].start, tokens[i].end - tokens[i].start); };
+    if (tokens.empty() || tokens[0].kind != Token::Word || text(0).compare(u"select", Qt::CaseInsensitive) != 0)
+        return std::nullopt;
+    size_t where = tokens.size();
+    for (size_t i = 0; i < tokens.size(); ++i) {
+        const QStringView t = text(i);
+        if (tokens[i].kind == Token::Other && (t == u"?" || t == u":" || t == u"@" || t == u"$"))
+            return std::nullopt;
+        if (where == tokens.size() && tokens[i].kind == Token::Word && tokens[i].depth == 0
+            && t.compare(u"where", Qt::CaseInsensitive) == 0)
+            where = i;
+    }
+    SharedSelect shared;
+    int copied = 0;
+    for (size_t i = where + 1; i < tokens.size(); ++i) {
+        if (tokens[i - 1].kind != Token::Other || !isComparison(text(i - 1)))
+            continue;
+        const QStringView t = text(i);
+        const bool followedByPoint = i + 1 < tokens.size() && text(i + 1) == u".";
+        if (tokens[i].kind == Token::Literal && t.size() >= 2 && t.back() == u'\'') {
+            shared.values << t.mid(1, t.size() - 2).toString().replace(QLatin1String("''"), QLatin1String("'"));
+        } else if (tokens[i].kind == Token::Word && isPlainInteger(t) && !followedByPoint) {
+            shared.values << t.toLongLong();
+        } else {
+            continue;
+        }
+        shared.sql += QStringView(sql).mid(copied, tokens[i].start - copied);
+        shared.sql += QLatin1Char('?') + QString::number(shared.values.size());
+        copied = tokens[i].end;
+    }
+    if (shared.values.isEmpty())
+        return std::nullopt;
+    shared.sql += QStringView(sql).mid(copied);
+    return shared;
+}
 
 RecordsetSource planRecordset(Connection& connection, const QString& tableNameOrSql)
 {

@@ -2,6 +2,9 @@
 
 #include <QList>
 #include <QString>
+#include <QVariant>
+
+#include <optional>
 
 namespace hb::storage {
 
@@ -20,5 +23,14 @@ struct RecordsetSource {
 // such table); "select <* or columns> from <one table> [where ...] [order by
 // ...]" gains the rowid; other SQL runs as it is.
 RecordsetSource planRecordset(Connection& connection, const QString& tableNameOrSql);
+
+// A select whose where clause compares with literals, with those literals as numbered parameters and
+// their values beside it: one prepared statement then serves the same query for every value. Nothing
+// for other SQL, for SQL with parameters of its own, or when no literal is compared.
+struct SharedSelect {
+    QString sql;
+    QVariantList values;
+};
+std::optional<SharedSelect> shareLiterals(const QString& sql);
 
 }  // namespace hb::storage

@@ -14,7 +14,7 @@ QString Recordset::Impl::columnList(const QList<int>& indexes) const
 {
     QStringList names;
     for (int c : indexes)
-        names << quoted(columns[c].origin);
+        names << quoted(shape->columns[c].origin);
     return names.join(QLatin1String(", "));
 }
 
@@ -24,7 +24,7 @@ QString Recordset::Impl::writeSql(const QList<int>& changed) const
     if (mode == Mode::Edit) {
         QStringList sets;
         for (int i = 0; i < changed.size(); ++i)
-            sets << QStringLiteral("%1 = ?%2").arg(quoted(columns[changed[i]].origin)).arg(i + 1);
+            sets << QStringLiteral("%1 = ?%2").arg(quoted(shape->columns[changed[i]].origin)).arg(i + 1);
         return QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?%3 RETURNING rowid")
             .arg(table, sets.join(QLatin1String(", ")))
             .arg(changed.size() + 1);
@@ -38,14 +38,34 @@ QString Recordset::Impl::writeSql(const QList<int>& changed) const
         .arg(table, columnList(changed), marks.join(QLatin1String(", ")));
 }
 
+QString Recordset::Impl::refreshSql(const QList<int>& indexes) const
+{
+    return QStringLiteral("SELECT %1 FROM %2 WHERE rowid = ?1").arg(columnList(indexes), quoted(source.table));
+}
+
+QString Recordset::Impl::keptText(QChar kind, const QList<int>& indexes) const
+{
+    QString key = source.table;
+    key += kind;
+    for (int c : indexes)
+        key += QChar(char16_t(c + 1));
+    QHash<QString, QString>& texts = shape->writeTexts;
+    if (const auto found = texts.constFind(key); found != texts.cend())
+        return *found;
+    constexpr int MostKept = 64;
+    if (texts.size() >= MostKept)
+        texts.clear();
+    return *texts.insert(key, kind == u'R' ? refreshSql(indexes) : writeSql(indexes));
+}
+
 // Each column as a value of its field, with the field's affinity and, for
 // text, its collation, so that the criteria compare as they would in a query
 // on the table.
 QString Recordset::Impl::criteriaSql(const QString& criteria) const
 {
     QStringList values;
-    for (int c = 0; c < columns.size(); ++c) {
-        const hb::storage::RecordsetColumn& column = columns[c];
+    for (int c = 0; c < shape->columns.size(); ++c) {
+        const hb::storage::RecordsetColumn& column = shape->columns[c];
         QString value = QStringLiteral("?%1").arg(c + 1);
         if (column.type && hb::storage::isTextType(*column.type))
             value = QStringLiteral("CAST(%1 AS TEXT) COLLATE NOCASE").arg(value);
@@ -72,7 +92,7 @@ qint64 Recordset::Impl::write()
 {
     QList<int> changed = buffer.keys();
     std::sort(changed.begin(), changed.end());
-    Statement statement(*connection, writeSql(changed));
+    Statement statement(*connection, keptText(mode == Mode::Edit ? u'E' : u'A', changed));
     for (int i = 0; i < changed.size(); ++i)
         statement.bind(i + 1, buffer.value(changed[i]));
     if (mode == Mode::Edit)
@@ -88,10 +108,9 @@ qint64 Recordset::Impl::write()
 void Recordset::Impl::refresh(int row, qint64 rowid)
 {
     QList<int> all;
-    for (int c = 0; c < columns.size(); ++c)
+    for (int c = 0; c < shape->columns.size(); ++c)
         all << c;
-    Statement statement(*connection, QStringLiteral("SELECT %1 FROM %2 WHERE rowid = ?1")
-                                         .arg(columnList(all), quoted(source.table)));
+    Statement statement(*connection, keptText(u'R', all));
     statement.bind(1, rowid);
     rows.setRowid(row, rowid);
     if (statement.step())
@@ -176,7 +195,7 @@ void Recordset::findFirst(const QString& criteria)
     for (int row = 0; row < r.rows.rowCount(); ++row) {
         if (r.rows.isDeleted(row))
             continue;
-        for (int c = 0; c < r.columns.size(); ++c)
+        for (int c = 0; c < r.shape->columns.size(); ++c)
             r.rows.bindCell(test->handle(), c + 1, r.rows.cell(row, c));
         const bool match = test->step();
         sqlite3_reset(test->handle());

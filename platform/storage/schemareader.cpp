@@ -129,10 +129,16 @@ QString childTableOf(Connection& connection, const QString& parent)
 
 QString resolveTable(Connection& connection, const QString& name)
 {
+    if (QString known = connection.knownTable(name); !known.isEmpty())
+        return known;
     Statement statement(connection, QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' "
                                                    "AND name = ?1 COLLATE NOCASE ORDER BY rowid LIMIT 1"));
     statement.bind(1, name);
-    return statement.step() ? statement.text(0) : QString();
+    if (!statement.step())
+        return QString();
+    const QString found = statement.text(0);
+    connection.rememberTable(name, found);
+    return found;
 }
 
 QStringList tableNames(Connection& connection)

@@ -359,3 +359,40 @@ TEST_F(StorageKeywords, OrderWordsInsideQuotesDoNotOrderTheRows)
 }
 
 }  // namespace
+
+namespace {
+
+using namespace storagetest;
+using StorageSharedQueries = StorageTest;
+
+// The program builds its queries around the values it looks for; each text must still answer for its
+// own value when one prepared query serves them all.
+TEST_F(StorageSharedQueries, EachValueGetsItsOwnRows)
+{
+    addRoof(1, "Anders", "Oslo");
+    addRoof(2, "O'Brien", "Cork");
+    addRoof(3, "12", "Rome");
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(column("select RoofName from Roof where RoofName = 'O''Brien'"), QStringList({"O'Brien"}));
+        EXPECT_EQ(column("select RoofName from Roof where RoofName = 'anders'"), QStringList({"Anders"}));
+        EXPECT_EQ(column("select RoofName from Roof where RoofNumber =2"), QStringList({"O'Brien"}));
+        EXPECT_EQ(column("select RoofName from Roof where RoofNumber >= 2 and City <> 'Rome'"), QStringList({"O'Brien"}));
+        EXPECT_EQ(column("select RoofName from Roof where RoofName = 12"), QStringList({"12"}));
+        EXPECT_EQ(column("select RoofName from Roof where RoofNumber = 1.5 + 0.5"), QStringList({"O'Brien"}));
+    }
+    // A compared value in the select list keeps the column's name.
+    Recordset rs = db.openRecordset("select RoofName = 'Anders', (select count(*) from Roof where RoofNumber > 1) "
+                                    "from Roof where RoofNumber = 1");
+    EXPECT_EQ(rs.fieldNames(), QStringList({"RoofName = 'Anders'", "(select count(*) from Roof where RoofNumber > 1)"}));
+    EXPECT_EQ(rs.value("RoofName = 'Anders'").toInt(), 1);
+
+    const QString wrong = "select * from Roof where Nowhere = 'x'";
+    try {
+        db.openRecordset(wrong).eof();
+        ADD_FAILURE() << "a missing field was not refused";
+    } catch (const DbError& error) {
+        EXPECT_EQ(error.sql(), wrong);
+    }
+}
+
+}  // namespace
