@@ -54,6 +54,7 @@ void Recordset::Impl::fetch()
         }
     } catch (const DbError&) {
         rows = RowStore(int(shape->columns.size()));  // a later try reads from the start again
+        unread.clear();
         throw;
     }
     query.reset();
@@ -178,6 +179,7 @@ QVariant Recordset::value(const QString& field) const
         return {};
     r.fetch();
     r.requireCurrent();
+    r.readBack(r.position);
     return r.present(r.position, column);
 }
 

@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 
 #include <optional>
 #include <vector>
@@ -54,7 +55,10 @@ public:
 
     // recordsetwrite.cpp
     qint64 write();
+    // A written row is read back from the table when it is next looked at, not at once: most writes
+    // are followed by the next row, not by a look at this one.
     void refresh(int row, qint64 rowid);
+    void readBack(int row);
     void removeCurrent();
     std::unique_ptr<hb::storage::Statement> prepareCriteria(const QString& criteria);
 
@@ -65,6 +69,7 @@ public:
     std::shared_ptr<hb::storage::RecordsetShape> shape;
     int first = 0;               // 1 when the query's column 0 is the rowid
     hb::storage::RowStore rows;
+    QSet<int> unread;  // rows written and not read back yet
     bool fetched = false;
     int position = 0;
     bool onDeleted = false;

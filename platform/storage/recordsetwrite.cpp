@@ -107,14 +107,22 @@ qint64 Recordset::Impl::write()
 
 void Recordset::Impl::refresh(int row, qint64 rowid)
 {
+    rows.setRowid(row, rowid);
+    unread.insert(row);
+}
+
+void Recordset::Impl::readBack(int row)
+{
+    if (!unread.remove(row))
+        return;
     QList<int> all;
     for (int c = 0; c < shape->columns.size(); ++c)
         all << c;
     Statement statement(*connection, keptText(u'R', all));
-    statement.bind(1, rowid);
-    rows.setRowid(row, rowid);
-    if (statement.step())
-        rows.readRow(row, statement.handle(), 0);
+    statement.bind(1, rows.rowid(row));
+    if (!statement.step())
+        throw engineError(3167, {}, given);  // deleted meanwhile
+    rows.readRow(row, statement.handle(), 0);
 }
 
 void Recordset::Impl::removeCurrent()
@@ -195,6 +203,7 @@ void Recordset::findFirst(const QString& criteria)
     for (int row = 0; row < r.rows.rowCount(); ++row) {
         if (r.rows.isDeleted(row))
             continue;
+        r.readBack(row);
         for (int c = 0; c < r.shape->columns.size(); ++c)
             r.rows.bindCell(test->handle(), c + 1, r.rows.cell(row, c));
         const bool match = test->step();

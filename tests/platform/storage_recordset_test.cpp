@@ -90,6 +90,18 @@ TEST_F(StorageRecordset, EditOnlyWritesTheFieldsThatWereSet)
     rs.update();
     EXPECT_EQ(rs.value("City").toString(), "Bodø");
     EXPECT_EQ(column("select RoofName from Roof where City = 'BODØ'"), QStringList({"Berg"}));
+
+    // The written row is read back when next looked at: as the table then has it, or not at all.
+    rs.edit();
+    rs.setValue("City", "Tromsø");
+    rs.update();
+    db.execute("update Roof set City = 'Narvik' where RoofNumber = 2");
+    EXPECT_EQ(rs.value("City").toString(), "Narvik");
+    rs.edit();
+    rs.setValue("City", "Alta");
+    rs.update();
+    db.execute("delete from Roof where RoofNumber = 2");
+    EXPECT_EQ(errorOf([&] { rs.value("City"); }), 3167);
 }
 
 TEST_F(StorageRecordset, AddNewLeavesTheCursorWhereItWas)
