@@ -35,7 +35,9 @@ int main(int argc, char** argv)
 {
     hb::Application app(argc, argv);
     hb::registerProgramRoutes();
-    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("homebook")));
+    QIcon own(QStringLiteral(":/icons/homebook-256.png"));
+    own.addFile(QStringLiteral(":/icons/homebook-48.png"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("homebook"), own));
     hb::FrmMDI frame;
     frame.show();
     if (!hb::runGuarded(QStringLiteral("FrmMDI"), [&] { frame.MDIForm_Load(); }))

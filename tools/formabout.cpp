@@ -9,6 +9,7 @@
 #include "core/setup.h"
 #include "platform/ui/buttons.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -59,7 +60,10 @@ FormAbout::FormAbout() : Form(staticFormName(), false)
 void FormAbout::buildControls()
 {
     auto* picture = makeLabel(this, "Label2", QString());
-    picture->setPixmap(style()->standardIcon(QStyle::SP_DirHomeIcon).pixmap(64, 64));
+    // The program's icon, as the desktop shows it; a plain one where the program has none set.
+    const QIcon icon = QApplication::windowIcon().isNull() ? style()->standardIcon(QStyle::SP_DirHomeIcon)
+                                                           : QApplication::windowIcon();
+    picture->setPixmap(icon.pixmap(QSize(64, 64), picture->devicePixelRatioF()));
     auto* name = makeLabel(this, "Label1", QStringLiteral("Quillon Homebook"));
     QFont big = name->font();
     big.setPointSize(big.pointSize() + 8);
