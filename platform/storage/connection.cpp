@@ -40,6 +40,9 @@ void Connection::close()
 
 namespace {
 
+// Counts the statements of this process that change a definition (of a table, index, trigger or view),
+// or roll one back, both when they are prepared and when they run. SQLite prepares a kept statement
+// again by itself when it next runs, but the columns it describes before that are the old ones.
 quint64 generation = 0;
 
 // The authorizer sees every statement as SQLite compiles it; it lets everything through and notes the
@@ -80,11 +83,6 @@ int noteDefinitions(void* connection, int action, const char* name, const char* 
 }
 
 }  // namespace
-
-quint64 definitionGeneration()
-{
-    return generation;
-}
 
 void installEngineRules(Connection& connection)
 {

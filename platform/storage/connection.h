@@ -54,11 +54,6 @@ private:
     quint64 tablesGeneration_ = 0;
 };
 
-// Counts the statements of this process that change a definition (of a table, index, trigger or view),
-// or roll one back, both when they are prepared and when they run. SQLite prepares a kept statement
-// again by itself when it next runs, but the columns it describes before that are the old ones.
-quint64 definitionGeneration();
-
 // What every open connection has: the engine's text rules and the count of changed definitions.
 void installEngineRules(Connection& connection);
 
