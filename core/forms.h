@@ -63,6 +63,15 @@ T* loaded()
 {
     return qobject_cast<T*>(find(T::staticFormName()));
 }
+
+// Runs the handler of T when T is loaded, and nothing otherwise: the route of a menu item that acts on a
+// window which may have been closed meanwhile.
+template <class T, void (T::*handler)()>
+void whenLoaded()
+{
+    if (T* form = loaded<T>())
+        (form->*handler)();
+}
 } // namespace forms
 
 // The name is lower-cased and trimmed in place, then looked for among the loaded forms.

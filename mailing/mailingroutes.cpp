@@ -37,14 +37,8 @@ void registerMailingRoutes()
     setRoute(RouteId::Labels, showLabelList);
     setRoute(RouteId::ReturnAddress, [] { ui::showModal(forms::get<FormRetAddr>()); });
     setRoute(RouteId::LabelsPrint, [] { forms::get<FrmLabels>().cmdPrint_Click(); });
-    setRoute(RouteId::PrintMailPiece, [] {
-        if (FrmMailIt* preview = forms::loaded<FrmMailIt>())
-            preview->PrintItNow();
-    });
-    setRoute(RouteId::MailPiecePageSetup, [] {
-        if (FrmMailIt* preview = forms::loaded<FrmMailIt>())
-            preview->PageSetup();
-    });
+    setRoute(RouteId::PrintMailPiece, forms::whenLoaded<FrmMailIt, &FrmMailIt::PrintItNow>);
+    setRoute(RouteId::MailPiecePageSetup, forms::whenLoaded<FrmMailIt, &FrmMailIt::PageSetup>);
     setRoute(RouteId::ReloadMailPiecePreview, reloadPreview);
 }
 

@@ -32,37 +32,29 @@ constexpr PieceField ListingFields[] = {{315, "Phone: ", "Phone"}, {316, "Cell: 
 constexpr PieceField PersonFields[] = {{322, "  ", "work"}, {323, "  Phone: ", "WorkPhone"}, {324, "  DOB: ", "Birthdate"},
                                        {325, "  ", "Email"}, {326, "  ", "Notes"}};
 
-// A listing is kept as Zip and then its piece fields; an individual as FirstName, LastName and then its
-// piece fields.
-template <size_t N>
-QStringList fieldsOf(const Recordset& rs, QStringList head, const PieceField (&fields)[N])
+void appendFields(QString& s, const Recordset& rs, const PieceFieldOptions& options, const auto& fields)
 {
-    for (const PieceField& f : fields)
-        head << text(rs, QString::fromLatin1(f.field));
-    return head;
-}
-
-template <size_t N>
-void appendFields(QString& s, const QStringList& values, qsizetype first, const PieceFieldOptions& options,
-                  const PieceField (&fields)[N])
-{
-    for (size_t i = 0; i < N; ++i) {
-        const QString& value = values[first + qsizetype(i)];
-        if (options[fields[i].option] && !value.trimmed().isEmpty())
-            s += QString::fromLatin1(fields[i].prefix) + value + CR;
+    for (const PieceField& f : fields) {
+        const QString value = text(rs, QString::fromLatin1(f.field)).trimmed();
+        if (options[f.option] && !value.isEmpty())
+            s += QString::fromLatin1(f.prefix) + text(rs, QString::fromLatin1(f.field)) + CR;
     }
 }
 
-void appendPersons(QString& s, const QVector<QStringList>& persons, const PieceFieldOptions& options)
+void appendPersons(QString& s, int roofNumber, const PieceFieldOptions& options)
 {
-    for (const QStringList& person : persons) {
+    SQL = QStringLiteral("select * from person where roofnumber = ") + QString::number(roofNumber);
+    PersonRS = DB.openRecordset(SQL);
+    for (; !PersonRS.eof(); PersonRS.moveNext()) {
         if (options[321]) {
-            const QString name = person[0].trimmed() + QLatin1Char(' ') + person[1];
+            const QString name = text(PersonRS, QStringLiteral("FirstName")).trimmed() + QLatin1Char(' ') +
+                                 text(PersonRS, QStringLiteral("LastName"));
             if (!name.trimmed().isEmpty())
                 s += QStringLiteral("  ") + name + CR;
         }
-        appendFields(s, person, 2, options, PersonFields);
+        appendFields(s, PersonRS, options, PersonFields);
     }
+    PersonRS.close();
 }
 
 } // namespace
@@ -75,42 +67,7 @@ PieceFieldOptions PieceFieldOptions::read()
     return o;
 }
 
-LinkedListings LinkedListings::read()
-{
-    LinkedListings links;
-    RoofRS = DB.openRecordset(QStringLiteral("select * from Roof where RoofNumber in (select RoofNumber from RptLabels)"));
-    for (; !RoofRS.eof(); RoofRS.moveNext()) {
-        const int number = RoofRS.value(QStringLiteral("RoofNumber")).toInt();
-        links.listings_.insert(number, fieldsOf(RoofRS, {text(RoofRS, QStringLiteral("Zip"))}, ListingFields));
-    }
-    RoofRS.close();
-    // Within a listing in stored order, the order in which its own query reads them through its index.
-    PersonRS = DB.openRecordset(QStringLiteral("select * from Person where RoofNumber in (select RoofNumber from RptLabels) "
-                                               "order by RoofNumber, rowid"));
-    for (; !PersonRS.eof(); PersonRS.moveNext()) {
-        const int number = PersonRS.value(QStringLiteral("RoofNumber")).toInt();
-        if (links.listings_.contains(number))
-            links.persons_[number] << fieldsOf(PersonRS, {text(PersonRS, QStringLiteral("FirstName")),
-                                                          text(PersonRS, QStringLiteral("LastName"))}, PersonFields);
-    }
-    PersonRS.close();
-    return links;
-}
-
-const QStringList* LinkedListings::listing(int roofNumber) const
-{
-    const auto it = listings_.constFind(roofNumber);
-    return it == listings_.constEnd() ? nullptr : &*it;
-}
-
-const QVector<QStringList>& LinkedListings::persons(int roofNumber) const
-{
-    static const QVector<QStringList> none;
-    const auto it = persons_.constFind(roofNumber);
-    return it == persons_.constEnd() ? none : *it;
-}
-
-QString PieceText(const Recordset& label, const PieceFieldOptions& options, const LinkedListings& links, QString& zip)
+QString PieceText(const Recordset& label, const PieceFieldOptions& options, QString& zip)
 {
     QString s;
     zip = QString();
@@ -124,12 +81,17 @@ QString PieceText(const Recordset& label, const PieceFieldOptions& options, cons
         }
     }
     const int roofNumber = label.value(QStringLiteral("RoofNumber")).toInt();
-    const QStringList* listing = roofNumber > 0 ? links.listing(roofNumber) : nullptr;
-    if (!listing)
+    if (roofNumber <= 0)
         return s;
-    zip = (*listing)[0];
-    appendFields(s, *listing, 1, options, ListingFields);
-    appendPersons(s, links.persons(roofNumber), options);
+    SQL = QStringLiteral("select * from roof where roofnumber = ") + QString::number(roofNumber);
+    RoofRS = DB.openRecordset(SQL);
+    if (!RoofRS.eof()) {
+        zip = text(RoofRS, QStringLiteral("Zip"));
+        appendFields(s, RoofRS, options, ListingFields);
+        RoofRS.close();
+        appendPersons(s, roofNumber, options);
+    }
+    RoofRS.close();
     return s;
 }
 

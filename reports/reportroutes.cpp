@@ -18,14 +18,8 @@ namespace {
 void registerListingReportRoutes()
 {
     setRoute(RouteId::LoadAddressReport, [] { forms::get<FrmAddressRpt>(); });
-    setRoute(RouteId::PrintAddressReport, [] {
-        if (FrmAddressRpt* report = forms::loaded<FrmAddressRpt>())
-            report->PrintReport();
-    });
-    setRoute(RouteId::AddressReportPrinterSetup, [] {
-        if (FrmAddressRpt* report = forms::loaded<FrmAddressRpt>())
-            report->PrinterSetup();
-    });
+    setRoute(RouteId::PrintAddressReport, forms::whenLoaded<FrmAddressRpt, &FrmAddressRpt::PrintReport>);
+    setRoute(RouteId::AddressReportPrinterSetup, forms::whenLoaded<FrmAddressRpt, &FrmAddressRpt::PrinterSetup>);
     setRoute(RouteId::AddressReportPreview, [] { forms::get<FrmAddressRpt>().PrintPreview(); });
     setRoute(RouteId::PageSetup, [] { ui::showModal(forms::get<FormPageSetup>()); });
     setRoute(RouteId::SelectPrinter, [] { ui::showModal(forms::get<FrmSelectPrinter>()); });
