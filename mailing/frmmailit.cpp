@@ -109,11 +109,10 @@ void FrmMailIt::LoadMailIt()
     ezLabel1->setVisible(false);
     ezLabel1->setRedraw(false);
     ezLabel1->sheetMode = 1;
-    const LinkedListings links = LinkedListings::read();
     LabelsRS = DB.openRecordset(QStringLiteral("RptLabels"));
     for (; !LabelsRS.eof(); LabelsRS.moveNext()) {
         QString zip;
-        const QString piece = PieceText(LabelsRS, options, links, zip);
+        const QString piece = PieceText(LabelsRS, options, zip);
         ezLabel1->pieceData = QStringLiteral("thedata^") + QString(piece).replace(QLatin1Char('"'), QLatin1Char('\''));
         if (!zip.isNull())
             ezLabel1->items().barcode.value = zip;
