@@ -153,6 +153,8 @@ TEST_F(LabelListTest, DeleteOfFirstMiddleLastAndOnlyLabel)
         EXPECT_EQ(lastMessage().text, QStringLiteral("Must select label to %1!").arg(QString::fromLatin1(word)));
         EXPECT_EQ(lastMessage().title, QStringLiteral("No Label Selected"));
     };
+    for (const char* name : {"cmdChange", "cmdDelete", "cmdDuplicate"})
+        EXPECT_FALSE(control<QAbstractButton>(*w, QString::fromLatin1(name))->isEnabled()) << name;
     w->cmdChange_Click();
     saysNothingIsSelected("change");
     w->cmdDelete_Click();
