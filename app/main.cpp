@@ -39,11 +39,8 @@ int main(int argc, char** argv)
     own.addFile(QStringLiteral(":/icons/homebook-48.png"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("homebook"), own));
     hb::FrmMDI frame;
-    frame.show();
-    if (!hb::runGuarded(QStringLiteral("FrmMDI"), [&] { frame.MDIForm_Load(); }))
-        return hb::exitStatus();
-    if (qEnvironmentVariableIsSet("HOMEBOOK_END_AFTER_START"))
-        endAfterStart(frame);
-    const int status = app.exec();
-    return status != 0 ? status : hb::exitStatus();
+    return hb::runProgram(frame, [&frame] {
+        if (qEnvironmentVariableIsSet("HOMEBOOK_END_AFTER_START"))
+            endAfterStart(frame);
+    });
 }

@@ -2,6 +2,7 @@
 
 #include "core/errors.h"
 #include "core/forms.h"
+#include "core/frmmdi.h"
 
 #include <QWidget>
 
@@ -48,6 +49,17 @@ bool runGuarded(const QString& location, const std::function<void()>& work)
             reportUnhandled(location, failure);
         return false;
     }
+}
+
+int runProgram(FrmMDI& frame, const std::function<void()>& beforeLoop)
+{
+    frame.show();
+    if (!runGuarded(QStringLiteral("FrmMDI"), [&] { frame.MDIForm_Load(); }) || programEnded())
+        return exitStatus();
+    if (beforeLoop)
+        beforeLoop();
+    const int status = QApplication::exec();
+    return status != 0 ? status : exitStatus();
 }
 
 } // namespace hb

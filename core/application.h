@@ -17,4 +17,10 @@ public:
 // dealt with here. Returns false when the program ended.
 bool runGuarded(const QString& location, const std::function<void()>& work);
 
+class FrmMDI;
+// Shows the frame, brings the session up and runs the event loop until the program ends; returns the
+// exit status. An end during the start, before the loop runs, returns at once: the loop would never
+// be told to stop. beforeLoop runs once the start has shown its windows.
+int runProgram(FrmMDI& frame, const std::function<void()>& beforeLoop = {});
+
 } // namespace hb

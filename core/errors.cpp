@@ -95,6 +95,12 @@ void endProcess()
     throw ProgramEnd{};
 }
 
+void endOnFailure()
+{
+    status = 1;
+    endProcess();
+}
+
 bool programEnded() { return ended; }
 void clearProgramEnded()
 {

@@ -52,6 +52,8 @@ void reportUnhandled(const QString& location, const std::exception& failure);
 
 // Ends the process: closes the database, leaves the event loop. Never returns.
 [[noreturn]] void endProcess();
+// Ends as endProcess does, with the exit status of a failure: the start could not bring the session up.
+[[noreturn]] void endOnFailure();
 bool programEnded();           // for the tests and the main loop
 void clearProgramEnded();
 // The process's exit status: 1 once the program has ended on a failure, else 0.

@@ -1,9 +1,12 @@
 #include "core/setup.h"
 
+#include "core/bookfiles.h"
+#include "core/bookstart.h"
 #include "core/datafolder.h"
 #include "core/errors.h"
 #include "core/migration.h"
 #include "core/misc.h"
+#include "core/options.h"
 #include "core/session.h"
 #include "core/upgrades.h"
 #include "core/helpers.h"
@@ -21,6 +24,9 @@ constexpr int NotValidPassword = 3031;
 
 files::FolderLock dataFolderLock;
 
+// Rows written when the session came up: a session that wrote more changed the book.
+qint64 changesAtStart = 0;
+
 // One running copy per data folder: a second copy would compact and replace the file under the first.
 // Returns false when another copy holds the folder.
 bool holdDataFolder()
@@ -31,13 +37,11 @@ bool holdDataFolder()
     return dataFolderLock.lock(lockFile) != files::FolderLock::Result::HeldElsewhere;
 }
 
-// What a run that was killed while it replaced a file left beside it.
+// What writers that were killed left beside the files they replaced, here and in the backup folder.
 void removeLeftovers()
 {
-    const QStringList removed = files::removeLeftovers(
-        DataPath, {QStringLiteral("varlo.mdb"), QStringLiteral("varlo.bak"), QStringLiteral("varlo.bak2"),
-                   QStringLiteral("export.mdb"), QStringLiteral("varloTemp.mdb"),
-                   QStringLiteral("varlo (original).mdb"), QStringLiteral("export (original).mdb")});
+    QStringList removed = removeStrayFiles(DataPath);
+    removed += removeStrayFiles(DataPath + QStringLiteral("backup"));
     if (!removed.isEmpty())
         DebugLog(QStringLiteral("Removed what an interrupted run left: ") + removed.join(QStringLiteral(", ")));
 }
@@ -172,16 +176,18 @@ void Setup()
 
     if (!holdDataFolder()) {
         ui::msgBox(QStringLiteral("Homebook is already running."), MsgWarning, QStringLiteral("Homebook"));
-        endProcess();
+        endOnFailure();
     }
     if (dataFolderLock.isLocked())
         removeLeftovers();
+    if (!makeBookUsable(DataPath))
+        endOnFailure();
 
     if (!IsFileThere(DataPath + QStringLiteral("varlo.mdb"))) {
         if (!IsFileThere(DataPath + QStringLiteral("hb10db.shell"))) {
             ui::msgBox(QStringLiteral("Reinstall Quillon or restore from backup!"), MsgWarning,
                        QStringLiteral("Database Not Found"));
-            endProcess();
+            endOnFailure();
         }
         CopyFile(DataPath + QStringLiteral("hb10db.shell"), DataPath + QStringLiteral("varlo.mdb"));
     }
@@ -203,6 +209,7 @@ void Setup()
 
     readCachedOptions(handler);
     handler.run(LoadRoofTypes);
+    changesAtStart = DB.isOpen() ? DB.changesMade() : 0;
 }
 
 void CompactAddressDatabase()
@@ -244,8 +251,27 @@ void LoadRoofTypes()
     RoofTypeRS.close();
 }
 
+namespace {
+
+// The dated backup of a session that changed the book, when the user asked for it. The end goes on
+// whatever happens to it.
+void backUpAtEnd()
+{
+    const int keep = keptBackups();
+    DB.close();
+    try {
+        backUpDated(DataPath + QStringLiteral("varlo.mdb"), DataPath + QStringLiteral("backup"), keep);
+    } catch (const std::exception& failure) {
+        ui::msgBox(QStringLiteral("The backup at the end of the session could not be made. ") + errorInfo(failure).text,
+                   MsgWarning, QStringLiteral("Back Up Failed"));
+    }
+}
+
+} // namespace
+
 void SaveStateAndEnd()
 {
+    const bool changed = DB.isOpen() && DB.changesMade() > changesAtStart;
     if (DB.isOpen()) {
         StringOptionsRS = DB.openRecordset(QStringLiteral("StringOptions"));
         for (; !StringOptionsRS.eof(); StringOptionsRS.moveNext()) {
@@ -266,6 +292,8 @@ void SaveStateAndEnd()
             NumberOptionsRS.update();
         }
         NumberOptionsRS.close();
+        if (changed && CheckOptionOn(BackupAtEndOption))
+            backUpAtEnd();
     }
     endProcess();
 }

@@ -3,6 +3,8 @@
 
 #include "exchange/frmbackup.h"
 
+#include "core/bookcheck.h"
+#include "core/bookfiles.h"
 #include "core/errors.h"
 #include "core/frame.h"
 #include "core/misc.h"
@@ -12,6 +14,8 @@
 #include "platform/storage/safecopy.h"
 #include "platform/ui/folderlists.h"
 #include "platform/ui/windowservice.h"
+
+#include <QDir>
 
 namespace hb {
 
@@ -32,13 +36,16 @@ void FrmBackup::backUpOrRestore()
                    MsgWarning, QStringLiteral("Invalid Directory"));
         return;
     }
+    if (!backUp && !restorable(chosen + File1->fileName()))
+        return;
     if (!confirmBackUpOrRestore(chosen, backUp))
         return;
+    const int keep = keptBackups();
     if (backUp)
         ClearReportTables();
     DB.close();
     SetFramePointer(11);
-    const bool copied = copyWithDatabaseClosed(chosen, backUp);
+    const bool copied = copyWithDatabaseClosed(chosen, backUp, keep);
     Setup();
     SetFramePointer(0);
     if (!copied)
@@ -65,20 +72,33 @@ bool FrmBackup::confirmBackUpOrRestore(const QString& chosen, bool backUp)
         == ui::AnswerYes;
 }
 
-// A copy that fails leaves the main database as it was and says why; the caller opens it again.
-bool FrmBackup::copyWithDatabaseClosed(const QString& chosen, bool backUp)
+// A file that is not a book of this program never replaces the user's: one message names the fault.
+bool FrmBackup::restorable(const QString& source)
+{
+    const QString fault = bookFault(source);
+    if (fault.isEmpty())
+        return true;
+    ui::msgBox(QStringLiteral("%1 can not be restored: %2.\r\rYour database has not been changed.")
+                   .arg(QDir::toNativeSeparators(source), fault),
+               MsgWarning, QStringLiteral("Restore Failed"));
+    return false;
+}
+
+// A copy that fails leaves the main database as it was and says why; the caller opens it again. A backup
+// is also kept under its date; a restore first keeps the book it replaces that way, in the backup folder,
+// so that restoring that one undoes it.
+bool FrmBackup::copyWithDatabaseClosed(const QString& chosen, bool backUp, int keep)
 {
     const QString mainFile = DataPath + QStringLiteral("varlo.mdb");
     try {
         if (backUp) {
             CompactAddressDatabase();
             storage::copyDatabaseFile(mainFile, chosen + QStringLiteral("varlo.mdb"));
-        } else if (Database::isOriginalFile(chosen + File1->fileName())) {
-            // A backup of the original program is no file of this engine: it is put in place as it is,
-            // and the start that follows converts it.
-            files::copyFileAtomically(chosen + File1->fileName(), mainFile);
+            backUpDated(mainFile, chosen, keep);
         } else {
-            storage::copyDatabaseFile(chosen + File1->fileName(), mainFile);
+            backUpDated(mainFile, DataPath + QStringLiteral("backup"), keep);
+            // A backup of the original program is put in place as it is, and the start converts it.
+            putBookInPlace(chosen + File1->fileName(), mainFile);
         }
         return true;
     } catch (const std::exception& failure) {

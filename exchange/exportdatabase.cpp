@@ -13,6 +13,8 @@
 #include "platform/ui/listbox.h"
 #include "platform/ui/windowservice.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -32,6 +34,17 @@ void copyFields(const Recordset& from, Recordset& to, const char* const* fields,
         const QString field = QString::fromLatin1(fields[i]);
         if (from.hasField(field) && to.hasField(field))
             to.setValue(field, from.value(field));
+    }
+}
+
+// A folder that cannot take the file is found before the work, not after it.
+void requireWritableFolder(const QString& target)
+{
+    try {
+        files::removeDatabaseFile(files::createFileBeside(target));
+    } catch (const files::FileError& failure) {
+        throw RuntimeError(75, QStringLiteral("The folder %1 can not be written to: %2.")
+                                   .arg(QDir::toNativeSeparators(QFileInfo(target).absolutePath()), failure.detail()));
     }
 }
 
@@ -79,9 +92,11 @@ void FrmBackup::ExportDatabase()
 bool FrmBackup::writeExport(const QString& shell, const QString& target)
 {
     const QString scratch = DataPath + QStringLiteral("varloTemp.mdb");
+    const QString book = DataPath + QStringLiteral("varlo.mdb");
     SetFramePointer(11);
     try {
-        storage::copyDatabaseFile(shell, scratch);
+        requireWritableFolder(target);
+        storage::copyDatabaseFile(shell, scratch, book);
         ExportDB = Database::open(scratch, false, false, QString());
         // The scratch file is nobody's until it is complete, so its rows go in as one write.
         ExportDB.execute(QStringLiteral("begin"));
@@ -98,7 +113,8 @@ bool FrmBackup::writeExport(const QString& shell, const QString& target)
         lblMessage->clear();
         ExportDB.execute(QStringLiteral("commit"));
         ExportDB.close();
-        storage::copyDatabaseFile(scratch, target);
+        // The export holds the book's names: it is as private as the book.
+        storage::copyDatabaseFile(scratch, target, book);
         files::removeDatabaseFile(scratch);
         SetFramePointer(0);
         return true;

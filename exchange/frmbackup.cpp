@@ -1,17 +1,24 @@
 #include "exchange/frmbackup.h"
 #include "core/handlers.h"
 
+#include "core/bookcheck.h"
+#include "core/bookfiles.h"
 #include "core/frame.h"
+#include "core/options.h"
 #include "core/routes.h"
 #include "core/session.h"
 #include "platform/ui/folderlists.h"
 #include "platform/ui/listbox.h"
+#include "platform/ui/twips.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
 
 namespace hb {
 
@@ -30,6 +37,9 @@ void FrmBackup::connectControls()
     connectHandler(cmdClear, &QPushButton::clicked, this, &FrmBackup::cmdClear_Click);
     connectHandler(Dir1, &ui::DirListBox::change, this, &FrmBackup::Dir1_Change);
     connectHandler(File1, &ui::FileListBox::pathChange, this, &FrmBackup::File1_PathChange);
+    connectHandler(File1, &ui::FileListBox::click, this, &FrmBackup::File1_Click);
+    connectHandler(chkBackupAtEnd, &QCheckBox::clicked, this, &FrmBackup::chkBackupAtEnd_Click);
+    connectHandler(spnKeep, &QSpinBox::valueChanged, this, &FrmBackup::spnKeep_Change);
     Dir1->installEventFilter(this);
 }
 
@@ -54,6 +64,10 @@ void FrmBackup::setUpMode()
             w->hide();
         lstDatabase->addItem(QStringLiteral("varlo.mdb"));
         lstDatabase->setListIndex(0);
+        lstDatabase->resize(lstDatabase->width(), ui::px(1800));
+        const QSignalBlocker quiet(spnKeep);
+        spnKeep->setValue(keptBackups());
+        chkBackupAtEnd->setChecked(CheckOptionOn(BackupAtEndOption));
     } else if (BackupMode == QLatin1String("R") || BackupMode == QLatin1String("I")) {
         for (QWidget* w : {static_cast<QWidget*>(txtFileName), static_cast<QWidget*>(lstDatabase),
                            static_cast<QWidget*>(lstTypes), static_cast<QWidget*>(cmdAll), static_cast<QWidget*>(cmdClear)})
@@ -62,12 +76,18 @@ void FrmBackup::setUpMode()
         if (BackupMode == QLatin1String("R")) {
             setWindowTitle(QStringLiteral("Restore Database"));
             lblFrom->setText(QStringLiteral("Restore Quillon Homebook Database to:"));
-            File1->setPattern(QStringLiteral("varlo.mdb"));
+            // The dated backups and the copies kept aside are offered beside the backup itself.
+            File1->setPattern(QStringLiteral("varlo*.mdb"));
         } else {
             setWindowTitle(QStringLiteral("Import Names and Addresses"));
             lblFrom->setText(QStringLiteral("Import names and addresses to:"));
         }
-    } else if (BackupMode == QLatin1String("E")) {
+    }
+    if (BackupMode != QLatin1String("B")) {
+        for (QWidget* w : {static_cast<QWidget*>(lblKeep), static_cast<QWidget*>(spnKeep), static_cast<QWidget*>(chkBackupAtEnd)})
+            w->hide();
+    }
+    if (BackupMode == QLatin1String("E")) {
         File1->hide();
         lstDatabase->hide();
         lblPathDesc->hide();
@@ -95,11 +115,39 @@ bool FrmBackup::eventFilter(QObject* watched, QEvent* event)
     return Form::eventFilter(watched, event);
 }
 
+// The backup itself is preselected where it is, else the newest dated one.
 void FrmBackup::File1_PathChange()
 {
-    if (File1->listCount() > 0)
-        File1->setListIndex(0);
+    if (File1->listCount() == 0)
+        return;
+    int chosen = 0;
+    for (int i = 0; i < File1->listCount(); ++i) {
+        if (File1->list(i).compare(QLatin1String("varlo.mdb"), Qt::CaseInsensitive) == 0)
+            chosen = i;
+    }
+    File1->setListIndex(chosen);
+    File1_Click();
 }
+
+// Before a restore, what the chosen file holds: its date, counts and version, or why it can not be used.
+void FrmBackup::File1_Click()
+{
+    if (BackupMode != QLatin1String("R"))
+        return;
+    const QString file = File1->fileName();
+    if (file.isEmpty()) {
+        lblMessage->clear();
+        return;
+    }
+    const QString path = chosenPath() + file;
+    const auto summary = summaryOf(path);
+    lblMessage->setText(summary ? summaryText(*summary)
+                                : QStringLiteral("Can not be restored: %1.").arg(bookFault(path)));
+}
+
+void FrmBackup::chkBackupAtEnd_Click() { SetNOption(BackupAtEndOption, chkBackupAtEnd->isChecked() ? 1 : 0); }
+
+void FrmBackup::spnKeep_Change() { SetNOption(KeptBackupsOption, spnKeep->value()); }
 
 void FrmBackup::cmdAll_Click()
 {

@@ -5,7 +5,9 @@
 
 #include <QVector>
 
+class QCheckBox;
 class QLabel;
+class QSpinBox;
 class QLineEdit;
 class QPushButton;
 
@@ -61,7 +63,11 @@ private:
     // Back up and restore, in backuprestore.cpp.
     void backUpOrRestore();
     bool confirmBackUpOrRestore(const QString& chosen, bool backUp);
-    bool copyWithDatabaseClosed(const QString& chosen, bool backUp);
+    bool restorable(const QString& source);
+    bool copyWithDatabaseClosed(const QString& chosen, bool backUp, int keep);
+    void File1_Click();
+    void chkBackupAtEnd_Click();
+    void spnKeep_Change();
 
     bool writeExport(const QString& shell, const QString& target);
 
@@ -73,7 +79,9 @@ private:
     void importPersons(const QString& action, qint16 fileRoof, qint16 target);
     void addImportedPerson(const Recordset& person, qint16 target);
 
-    QLabel *lblFrom, *lblPathDesc, *lblDatabase, *lblTo, *Label1, *lblMessage;
+    QLabel *lblFrom, *lblPathDesc, *lblDatabase, *lblTo, *Label1, *lblMessage, *lblKeep;
+    QCheckBox* chkBackupAtEnd;
+    QSpinBox* spnKeep;
     ui::ListBox *lstDatabase, *lstTypes;
     ui::DirListBox* Dir1;
     ui::FileListBox* File1;

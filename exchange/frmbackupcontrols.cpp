@@ -4,7 +4,9 @@
 #include "platform/ui/listbox.h"
 #include "platform/ui/twips.h"
 
+#include <QCheckBox>
 #include <QLabel>
+#include <QSpinBox>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -30,6 +32,16 @@ void FrmBackup::buildControls()
     lblTo = ui::placed(new QLabel(QStringLiteral("To Drive:"), this), "lblTo", 3300, 840, 3060, 255);
     Label1 = ui::placed(new QLabel(QStringLiteral("Directory:"), this), "Label1", 3300, 1140, 3060, 255);
     Dir1 = ui::placed(new ui::DirListBox(this), "Dir1", 3300, 1440, 3060, 2915);
+
+    // The dated backups: how many a folder keeps, and the backup made as a changed session ends.
+    lblKeep = ui::placed(new QLabel(QStringLiteral("Dated backups to &keep:"), this), "lblKeep", 120, 3180, 1980, 255);
+    spnKeep = ui::placed(new QSpinBox(this), "spnKeep", 2160, 3120, 900, 315);
+    spnKeep->setRange(1, 999);
+    lblKeep->setBuddy(spnKeep);
+    chkBackupAtEnd = ui::placed(new QCheckBox(QStringLiteral("Back up when a session &ends"), this), "chkBackupAtEnd",
+                                120, 3600, 3060, 315);
+    chkBackupAtEnd->setToolTip(QStringLiteral("When a session has changed the address book, a dated backup is made "
+                                              "in the data folder's backup folder as the program ends"));
 
     lblMessage = ui::placed(new QLabel(this), "lblMessage", 120, 4560, 6240, 255);
     cmdOK = ui::placed(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 3300, 5100, 1380, 375);

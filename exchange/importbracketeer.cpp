@@ -48,7 +48,7 @@ void fillFromPlayer(ImportRoofRecord& record, const Recordset& player)
 void FormImport::ImportBK()
 {
     otherproducts::runReader(QStringLiteral("ImportBK"), [this] {
-        Database source = Database::open(sourcePath());
+        Database source = Database::open(sourcePath(), false, true);
         Recordset options = otherproducts::openTableOrNothing(source, QStringLiteral("options"));
         if (!options.isOpen())
             options = otherproducts::openTableOrNothing(source, QStringLiteral("option"));

@@ -70,7 +70,7 @@ void FrmBackup::ImportDatabase()
         return;
     }
     try {
-        ImportDB = Database::open(path + file, false, false, QString());
+        ImportDB = Database::open(path + file, false, true, QString());
         VersionRS = ImportDB.openRecordset(QStringLiteral("ProgramVersion"));
         VersionRS.moveFirst();
         if (!knownExchangeVersion(VersionRS.value(QStringLiteral("programversion")).toFloat())) {

@@ -63,7 +63,7 @@ qint32 newType(const QString& description)
 void FormImport::ImportHB()
 {
     otherproducts::runReader(QStringLiteral("ImportQuillon"), [this] {
-        ImportDB = Database::open(sourcePath(), false, false, QStringLiteral(";PWD=tulip434"));
+        ImportDB = Database::open(sourcePath(), false, true, QStringLiteral(";PWD=tulip434"));
         ui::windows().setBusy(true);
         Recordset roof;
         try {

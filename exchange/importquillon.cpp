@@ -40,7 +40,7 @@ void fillFromPerson(ImportRoofRecord& record, const Recordset& person, const QSt
 void FormImport::ImportQuillon()
 {
     otherproducts::runReader(QStringLiteral("ImportQuillon"), [this] {
-        Database source = Database::open(sourcePath(), false, false, QStringLiteral(";PWD=tulip434"));
+        Database source = Database::open(sourcePath(), false, true, QStringLiteral(";PWD=tulip434"));
         ui::windows().setBusy(true);
         Recordset people = otherproducts::openTableOrNothing(source, QStringLiteral("people"));
         ImportRoofRecord record;

@@ -206,6 +206,25 @@ bool isReadOnlyFailure(int number)
 
 }  // namespace
 
+namespace {
+
+QByteArray fileUri(const QString& path, const QString& query)
+{
+    QUrl uri = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
+    uri.setScheme(QStringLiteral("file"));
+    uri.setQuery(query);
+    return uri.toEncoded();
+}
+
+}  // namespace
+
+QByteArray readOnlyUri(const QString& path)
+{
+    const QString file = QFileInfo(path).absoluteFilePath();
+    const bool journalled = QFileInfo::exists(file + QStringLiteral("-wal")) || QFileInfo::exists(file + QStringLiteral("-journal"));
+    return fileUri(path, journalled ? QStringLiteral("mode=ro") : QStringLiteral("immutable=1"));
+}
+
 std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode)
 {
     const QFileInfo info(path);
@@ -219,6 +238,11 @@ std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode)
 
     auto connection = std::make_shared<Connection>();
     connection->path = path;
+    if (mode == OpenMode::ReadOnly) {
+        openConfigured(*connection, path, readOnlyUri(path), SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
+                       OpenMode::ReadOnly);
+        return connection;
+    }
     int flags = SQLITE_OPEN_NOMUTEX;
     flags |= mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     if (mode == OpenMode::Create)
@@ -228,10 +252,7 @@ std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode)
     } catch (const DbError& failure) {
         if (mode == OpenMode::Create || !isReadOnlyFailure(failure.number()) || !isReadOnlyFolder(info.absolutePath()))
             throw;
-        QUrl uri = QUrl::fromLocalFile(info.absoluteFilePath());
-        uri.setScheme(QStringLiteral("file"));
-        uri.setQuery(QStringLiteral("immutable=1"));
-        openConfigured(*connection, path, uri.toEncoded(), SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
+        openConfigured(*connection, path, fileUri(path, QStringLiteral("immutable=1")), SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
                        OpenMode::ReadOnly);
     }
     return connection;

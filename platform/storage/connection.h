@@ -59,6 +59,11 @@ void installEngineRules(Connection& connection);
 
 enum class OpenMode { Existing, ReadOnly, Create };
 
+// The name (a URI) under which a file that is only read is opened: read as it stands, so that nothing is
+// made beside it and its bytes stay as they were, unless a journal beside it holds writes that belong to
+// it; then SQLite reads that too.
+QByteArray readOnlyUri(const QString& path);
+
 // The file with the engine's text rules, WAL, synchronous=NORMAL and
 // enforced foreign keys. Throws DbError 3024, 3343 or 3204.
 std::shared_ptr<Connection> openConnection(const QString& path, OpenMode mode);

@@ -152,6 +152,11 @@ void Database::compact(const QString& source, const QString& target)
     }
 }
 
+qint64 Database::changesMade() const
+{
+    return isOpen() ? sqlite3_total_changes64(connection().db) : 0;
+}
+
 bool Database::isOriginalFile(const QString& path)
 {
     return hb::storage::isOriginalEngineFile(path);

@@ -32,6 +32,8 @@ public:
 
     bool isOpen() const;
     QString path() const;
+    // Rows written through this handle since it opened: tells a session that changed the book.
+    qint64 changesMade() const;
     // Further use of this or any copy of the handle is error 3420.
     void close();
 

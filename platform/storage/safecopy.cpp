@@ -1,20 +1,16 @@
 #include "platform/storage/safecopy.h"
+#include "platform/files.h"
+#include "platform/storage/connection.h"
 #include "platform/storage/textrules.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryFile>
 
 #include <sqlite3.h>
 
-#include <cstdio>
 #include <memory>
 
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 namespace hb::storage {
 
@@ -28,7 +24,9 @@ using Handle = std::unique_ptr<sqlite3, Closer>;
 Handle openFile(const QString& path, int flags, QString* reason)
 {
     sqlite3* db = nullptr;
-    const int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &db, flags, nullptr);
+    const bool readOnly = flags & SQLITE_OPEN_READONLY;
+    const QByteArray name = readOnly ? readOnlyUri(path) : QFile::encodeName(path);
+    const int rc = sqlite3_open_v2(name.constData(), &db, flags | (readOnly ? SQLITE_OPEN_URI : 0), nullptr);
     Handle handle(db);
     if (rc != SQLITE_OK) {
         *reason = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");
@@ -54,17 +52,6 @@ QString integrityOf(sqlite3* db)
     return result == QLatin1String("ok") ? QString() : result;
 }
 
-#ifdef Q_OS_UNIX
-bool syncPath(const QString& path, int flags)
-{
-    const int fd = ::open(QFile::encodeName(path).constData(), flags);
-    if (fd < 0)
-        return false;
-    const bool synced = ::fsync(fd) == 0;
-    ::close(fd);
-    return synced;
-}
-#endif
 
 // A WAL left beside a closed target holds rows of the old file; folding it in first keeps it from being
 // replayed into the new one after the rename.
@@ -109,30 +96,28 @@ void writeCopy(const QString& source, const QString& temporary, const QString& t
 
 } // namespace
 
-void copyDatabaseFile(const QString& source, const QString& target)
+void copyDatabaseFile(const QString& source, const QString& target, const QString& like)
 {
-    const QFileInfo targetInfo(target);
-    const QString folder = targetInfo.absolutePath();
-    QTemporaryFile temporary(folder + QStringLiteral("/.") + targetInfo.fileName() + QStringLiteral(".XXXXXX"));
-    if (!temporary.open())
+    QString temp;
+    try {
+        temp = files::createFileBeside(target);
+    } catch (const files::FileError& failure) {
         throw CopyFailure(QStringLiteral("The folder %1 can not be written to: %2.")
-                              .arg(QDir::toNativeSeparators(folder), temporary.errorString())
+                              .arg(QDir::toNativeSeparators(QFileInfo(target).absolutePath()), failure.detail())
                               .toStdString());
-    temporary.close();
-    const QString temp = temporary.fileName();
-    writeCopy(source, temp, target);
-    QFile::setPermissions(temp, QFileInfo(targetInfo.exists() ? target : source).permissions());
-#ifdef Q_OS_UNIX
-    if (!syncPath(temp, O_RDONLY))
-        throw CopyFailure(QStringLiteral("%1 can not be written: the disk did not take it.").arg(QDir::toNativeSeparators(target)).toStdString());
-#endif
-    settleTarget(target);
-    if (std::rename(QFile::encodeName(temp).constData(), QFile::encodeName(targetInfo.absoluteFilePath()).constData()) != 0)
-        throw CopyFailure(QStringLiteral("%1 can not be replaced.").arg(QDir::toNativeSeparators(target)).toStdString());
-    temporary.setAutoRemove(false);
-#ifdef Q_OS_UNIX
-    syncPath(folder, O_RDONLY | O_DIRECTORY);
-#endif
+    }
+    try {
+        writeCopy(source, temp, target);
+        settleTarget(target);
+        // The copy is as private as the book it came from.
+        files::putInPlace(temp, target, like.isEmpty() ? source : like);
+    } catch (const files::FileError& failure) {
+        files::removeDatabaseFile(temp);
+        throw CopyFailure(QStringLiteral("%1 can not be written: %2.").arg(QDir::toNativeSeparators(target), failure.detail()).toStdString());
+    } catch (...) {
+        files::removeDatabaseFile(temp);
+        throw;
+    }
 }
 
 QString databaseFault(const QString& path)

@@ -52,22 +52,3 @@ TEST_F(FailureReportTest, AFailureInAHandlerNamesTheWindowAndTheControlAndEndsWi
     delete window;
 }
 
-TEST_F(FailureReportTest, ADamagedDatabaseIsToldByTheEnginesNumberAndNoEndsWithStatusOne)
-{
-    ASSERT_TRUE(setup());
-    resetSession();
-    QFile file(mainDatabase());
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.seek(4096);  // the second page onward: the header still says it is a database
-    file.write(QByteArray(file.size() - 4096, '\x5a'));
-    file.close();
-    dialogs().answer(ui::AnswerNo);
-    EXPECT_FALSE(setup());
-    ASSERT_FALSE(dialogs().messages().empty());
-    const QString text = dialogs().messages().front().text;
-    EXPECT_TRUE(text.contains(QStringLiteral(" Error: 3049\n Text: Cannot open database '%1'.  It may not be a "
-                                             "database that your application recognizes, or the file may be corrupt.")
-                                  .arg(mainDatabase())))
-        << text.toStdString();
-    EXPECT_EQ(exitStatus(), 1);
-}

@@ -149,23 +149,6 @@ TEST_F(StartupTest, WithNeitherDatabaseNorShellTheProgramSaysSoAndEnds)
     EXPECT_EQ(lastMessage().style, 48);
 }
 
-TEST_F(StartupTest, ABrokenFileGivesTheErrorHandlerAndNoEndsTheProgram)
-{
-    QFile broken(mainDatabase());
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("this is no database at all, only some text that fills the first page......");
-    broken.close();
-    dialogs().answer(ui::AnswerNo);
-    EXPECT_FALSE(setup());
-    EXPECT_TRUE(programEnded());
-    ASSERT_FALSE(dialogs().messages().empty());
-    const ShownMessage& shown = dialogs().messages().front();
-    EXPECT_TRUE(shown.text.startsWith(QStringLiteral("An internal error has been encountered.\n Location: Setup\n Error: ")));
-    EXPECT_TRUE(shown.text.endsWith(QStringLiteral("\n\nWould you like to continue with the program?")));
-    EXPECT_EQ(shown.title, QStringLiteral("Error Handler"));
-    EXPECT_EQ(shown.style, 4);
-}
-
 TEST_F(StartupTest, TheEndOfASessionStoresTheCachedSettings)
 {
     ASSERT_TRUE(setup());

@@ -1,16 +1,30 @@
 #include "exchangefixture.h"
 
+#include "core/bookfiles.h"
+#include "core/errors.h"
+#include "core/options.h"
 #include "core/schema.h"
+#include "platform/clock.h"
 #include "core/setup.h"
 #include "platform/storage/safecopy.h"
 
 #include <QFile>
+#include <QCheckBox>
+#include <QSpinBox>
 #include <QProcess>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace hb;
+
+namespace {
+int modeOf(const QString& file)
+{
+    struct stat st {};
+    return ::stat(QFile::encodeName(file).constData(), &st) == 0 ? int(st.st_mode & 07777) : -1;
+}
+} // namespace
 
 class BackupTest : public ExchangeFixture {
 protected:
@@ -173,39 +187,114 @@ TEST_F(BackupTest, ABackUpOfAnOlderVersionComesBackUpgradedWithItsRows)
     EXPECT_EQ(names->list(0), QStringLiteral("Old...The Olds"));
 }
 
-TEST_F(BackupTest, AFailedRestoreLeavesThePreviousDatabaseWorkingAndSaysSo)
+// A file that is no book of this program never replaces the user's: one message names the file and its
+// fault before anything is closed or copied.
+TEST_F(BackupTest, AFileThatIsNoBookIsRefusedBeforeAnythingIsReplaced)
 {
     const QString folder = otherFolder(QStringLiteral("broken"));
-    QFile junk(folder + QStringLiteral("/varlo.mdb"));
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
-    junk.write(QByteArray(8192, 'x'));
-    junk.close();
-
-    ASSERT_TRUE(restoreFrom(folder));
-    EXPECT_EQ(lastMessage().title, QStringLiteral("Restore Failed"));
-    EXPECT_TRUE(lastMessage().text.startsWith(QStringLiteral("The database could not be restored. ")));
-    EXPECT_TRUE(lastMessage().text.endsWith(QStringLiteral("Your database has not been changed.")));
-    EXPECT_TRUE(DB.isOpen());
-    EXPECT_EQ(scalar(QStringLiteral("select RoofName from Roof")).toString(), QStringLiteral("The Smiths"));
-    EXPECT_TRUE(backupLoaded()) << "the user may pick another folder";
+    const QString junk = folder + QStringLiteral("/varlo.mdb");
+    struct Case {
+        const char* name;
+        std::function<void()> make;
+        const char* fault;
+    } cases[] = {
+        {"text", [&] { QFile f(junk); f.open(QIODevice::WriteOnly); f.write(QByteArray(8192, 'x')); },
+         "it is not a Homebook database, or it is damaged"},
+        {"foreign", [&] {
+             Database db = Database::create(junk);
+             db.execute(QStringLiteral("create table Customers (CustomerID text)"));
+         }, "it is not a Homebook database (it has no table Roof)"},
+        {"empty", [&] { QFile f(junk); f.open(QIODevice::WriteOnly); }, "the file is empty"},
+    };
+    const QByteArray book = [this] { QFile f(mainDatabase()); f.open(QIODevice::ReadOnly); return f.readAll(); }();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        QFile::remove(junk);
+        c.make();
+        FrmBackup& w = openWindow(QStringLiteral("mnuRestore"));
+        goToFolder(w, folder);
+        EXPECT_EQ(part<QLabel>(w, "lblMessage")->text(), QStringLiteral("Can not be restored: %1.").arg(QString::fromLatin1(c.fault)));
+        ASSERT_TRUE(pressOK(w));
+        EXPECT_EQ(lastMessage().title, QStringLiteral("Restore Failed"));
+        EXPECT_EQ(lastMessage().text, QStringLiteral("%1 can not be restored: %2.\r\rYour database has not been changed.")
+                                          .arg(QDir::toNativeSeparators(junk), QString::fromLatin1(c.fault)));
+        EXPECT_TRUE(DB.isOpen());
+        EXPECT_EQ(scalar(QStringLiteral("select RoofName from Roof")).toString(), QStringLiteral("The Smiths"));
+        EXPECT_TRUE(backupLoaded()) << "the user may pick another folder";
+        ASSERT_TRUE(press(w, "cmdCancel"));
+    }
+    EXPECT_TRUE(QDir(backupFolder()).entryList(QDir::Files).isEmpty()) << "nothing was kept, as nothing was replaced";
     EXPECT_FALSE(dialogs().busy());
 }
 
-// Root writes into a folder without write permission, so the folder is also made immutable when it can be.
+// Dated backups beside the backup itself, the newest of them kept as the user chose; a restore shows what
+// the chosen file holds and first keeps the book it replaces, so that it can be undone.
+TEST_F(BackupTest, DatedBackupsAreKeptAndARestoreCanBeUndone)
+{
+    const QString folder = otherFolder(QStringLiteral("stick"));
+    FrmBackup& first = openWindow(QStringLiteral("mnuBackUp"));
+    auto* keep = part<QSpinBox>(first, "spnKeep");
+    EXPECT_EQ(keep->value(), 10);
+    keep->setFocus();
+    QTest::keyClick(keep, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(keep, QStringLiteral("2"));
+    keepPicture(&first, QStringLiteral("backup-window"));
+    ASSERT_TRUE(press(first, "cmdCancel"));
+    EXPECT_DOUBLE_EQ(GetNOption(KeptBackupsOption), 2);
+
+    for (int minute : {0, 1, 2}) {
+        clock::pin(pinnedNow().addSecs(60 * minute));
+        ASSERT_TRUE(backUpTo(folder, minute == 0 ? -1 : ui::AnswerYes));
+        EXPECT_EQ(lastMessage().title, QStringLiteral("Back Up Complete"));
+    }
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files),
+              (QStringList{QStringLiteral("varlo 2026-11-22 1031.mdb"), QStringLiteral("varlo 2026-11-22 1032.mdb"),
+                           QStringLiteral("varlo.mdb")}));
+
+    ASSERT_TRUE(guarded([] { DB.execute(QStringLiteral("update Roof set RoofName = 'Changed'")); }));
+    FrmBackup& w = openWindow(QStringLiteral("mnuRestore"));
+    goToFolder(w, folder);
+    auto* files = part<ui::FileListBox>(w, "File1");
+    EXPECT_EQ(files->fileName(), QStringLiteral("varlo.mdb"));
+    clickRow(files, 0);
+    EXPECT_EQ(files->fileName(), QStringLiteral("varlo 2026-11-22 1031.mdb"));
+    const QString summary = part<QLabel>(w, "lblMessage")->text();
+    EXPECT_TRUE(summary.startsWith(QStringLiteral("Saved "))) << summary.toStdString();
+    EXPECT_TRUE(summary.endsWith(QStringLiteral(", 1 listing, 1 individual, version 2.0"))) << summary.toStdString();
+    keepPicture(&w, QStringLiteral("restore-summary"));
+    dialogs().answer(ui::AnswerYes);
+    ASSERT_TRUE(pressOK(w));
+    EXPECT_EQ(lastMessage().title, QStringLiteral("Restore Complete"));
+    EXPECT_EQ(scalar(QStringLiteral("select RoofName from Roof")).toString(), QStringLiteral("The Smiths"));
+
+    const QString kept = backupFolder() + QStringLiteral("/varlo 2026-11-22 1032.mdb");
+    ASSERT_TRUE(QFile::exists(kept)) << "the replaced book is kept";
+    EXPECT_EQ(fileScalar(kept, QStringLiteral("select RoofName from Roof")).toString(), QStringLiteral("Changed"));
+}
+
+// A private book gives private copies, even over a readable file.
+TEST_F(BackupTest, EveryCopyTakesTheModeOfTheBook)
+{
+    ASSERT_TRUE(QFile::copy(mainDatabase(), backupFile()));
+    ::chmod(QFile::encodeName(backupFile()).constData(), 0644);
+    ::chmod(QFile::encodeName(mainDatabase()).constData(), 0600);
+    ASSERT_TRUE(backUpTo(backupFolder(), ui::AnswerYes));
+    for (const QString& file : QDir(backupFolder()).entryList(QDir::Files)) {
+        SCOPED_TRACE(file.toStdString());
+        EXPECT_EQ(modeOf(backupFolder() + QLatin1Char('/') + file), 0600);
+    }
+    EXPECT_EQ(modeOf(mainDatabase()), 0600) << "the compaction keeps it too";
+}
+
 TEST_F(BackupTest, AFolderThatCanNotBeWrittenGivesAClearMessageAndTheDatabaseStays)
 {
     const QString folder = otherFolder(QStringLiteral("locked"));
-    ::chmod(QFile::encodeName(folder).constData(), 0555);
-    const bool immutable = ::geteuid() == 0 && QProcess::execute(QStringLiteral("chattr"), {QStringLiteral("+i"), folder}) == 0;
-    QFile probe(folder + QStringLiteral("/probe"));
-    if (probe.open(QIODevice::WriteOnly)) {
-        probe.remove();
-        GTEST_SKIP() << "no folder can be made read-only here";
+    {
+        const LockedFolder locked(folder);
+        if (!locked.ok())
+            GTEST_SKIP() << "no folder can be made read-only here";
+        ASSERT_TRUE(backUpTo(folder));
     }
-    ASSERT_TRUE(backUpTo(folder));
-    if (immutable)
-        QProcess::execute(QStringLiteral("chattr"), {QStringLiteral("-i"), folder});
-    ::chmod(QFile::encodeName(folder).constData(), 0755);
     EXPECT_EQ(lastMessage().title, QStringLiteral("Back Up Failed"));
     EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("can not be written")));
     EXPECT_TRUE(DB.isOpen());
@@ -231,4 +320,26 @@ TEST_F(BackupTest, ABackUpOfTheOriginalProgramIsConvertedKeptBesideAndUpgraded)
     const QByteArray bytes = original.readAll();
     EXPECT_TRUE(kept.readAll() == bytes);
     EXPECT_TRUE(backup.readAll() == bytes) << "the backup is only read";
+}
+
+TEST_F(BackupTest, ASessionThatChangedTheBookIsBackedUpAsItEndsWhenTheUserAsked)
+{
+    FrmBackup& w = openWindow(QStringLiteral("mnuBackUp"));
+    QTest::mouseClick(part<QCheckBox>(w, "chkBackupAtEnd"), Qt::LeftButton, {}, QPoint(6, 6));
+    ASSERT_TRUE(press(w, "cmdCancel"));
+    EXPECT_TRUE(CheckOptionOn(BackupAtEndOption));
+    const QStringList dated{QStringLiteral("varlo *.mdb")};
+
+    ASSERT_TRUE(guarded([] { forms::unloadAll(); hb::Setup(); }));
+    EXPECT_FALSE(guarded([] { SaveStateAndEnd(); }));
+    EXPECT_TRUE(QDir(backupFolder()).entryList(dated, QDir::Files).isEmpty()) << "a session that changed nothing";
+
+    clearProgramEnded();
+    ASSERT_TRUE(guarded([] { hb::Setup(); }));
+    ASSERT_TRUE(guarded([] { DB.execute(QStringLiteral("update Roof set RoofName = 'The New Smiths'")); }));
+    EXPECT_FALSE(guarded([] { SaveStateAndEnd(); }));
+    EXPECT_EQ(QDir(backupFolder()).entryList(dated, QDir::Files), QStringList{QStringLiteral("varlo 2026-11-22 1030.mdb")});
+    EXPECT_EQ(fileScalar(backupFolder() + QStringLiteral("/varlo 2026-11-22 1030.mdb"), QStringLiteral("select RoofName from Roof"))
+                  .toString(),
+              QStringLiteral("The New Smiths"));
 }

@@ -15,9 +15,41 @@
 #include "tools/formabout.h"
 
 #include <QAction>
+#include <QFile>
+#include <QProcess>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+// A folder that cannot be written to for as long as the object lives. Root writes through the mode, so the
+// folder is also made immutable where that can be done; ok() is false when no folder can be locked here.
+class LockedFolder {
+public:
+    explicit LockedFolder(const QString& folder) : folder_(folder)
+    {
+        ::chmod(QFile::encodeName(folder).constData(), 0555);
+        immutable_ = ::geteuid() == 0 && QProcess::execute(QStringLiteral("chattr"), {QStringLiteral("+i"), folder}) == 0;
+        QFile probe(folder + QStringLiteral("/probe"));
+        ok_ = !probe.open(QIODevice::WriteOnly);
+        if (!ok_)
+            probe.remove();
+    }
+    ~LockedFolder()
+    {
+        if (immutable_)
+            QProcess::execute(QStringLiteral("chattr"), {QStringLiteral("-i"), folder_});
+        ::chmod(QFile::encodeName(folder_).constData(), 0755);
+    }
+    bool ok() const { return ok_; }
+
+private:
+    QString folder_;
+    bool immutable_ = false;
+    bool ok_ = false;
+};
 
 // The whole program started with the listings up; the window of back up, restore, export and import is
 // opened through the frame's menu and driven by mouse and keys.

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <sys/stat.h>
+
 using namespace hb;
 
 // Types in the list: "No Type Assigned", "Business" 1, "Family" 2, "Friends" 3.
@@ -151,4 +153,34 @@ TEST_F(ExportTest, AnExistingFileIsReplacedOnlyAfterYes)
     ASSERT_TRUE(exportNames(QStringLiteral("names.mdb"), {QStringLiteral("Business")}, ui::AnswerYes));
     EXPECT_EQ(lastMessage().text, QStringLiteral("3 names and addresses exported!"));
     EXPECT_EQ(fileScalar(file(QStringLiteral("names.mdb")), QStringLiteral("select count(*) from Roof")).toInt(), 3);
+}
+
+// An export of a private book is private, and nothing is left beside the file, the shell or the book.
+TEST_F(ExportTest, TheFileIsAsPrivateAsTheBookAndStandsAlone)
+{
+    ::chmod(QFile::encodeName(mainDatabase()).constData(), 0600);
+    ASSERT_TRUE(exportNames(QStringLiteral("names.mdb"), {QStringLiteral("Family")}));
+    EXPECT_EQ(lastMessage().title, QStringLiteral("Export Complete"));
+    struct stat st {};
+    ASSERT_EQ(::stat(QFile::encodeName(file(QStringLiteral("names.mdb"))).constData(), &st), 0);
+    EXPECT_EQ(st.st_mode & 0777, 0600u);
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("names.mdb")});
+    const QStringList data = QDir(dataDir()).entryList(QDir::Files | QDir::Hidden);
+    EXPECT_EQ(data.filter(QStringLiteral("export.mdb")), QStringList{QStringLiteral("export.mdb")});
+    EXPECT_TRUE(data.filter(QStringLiteral("varloTemp")).isEmpty());
+}
+
+TEST_F(ExportTest, AFolderThatCanNotTakeTheFileIsRefusedBeforeTheWork)
+{
+    {
+        const LockedFolder locked(folder);
+        if (!locked.ok())
+            GTEST_SKIP() << "no folder can be made read-only here";
+        ASSERT_TRUE(exportNames(QStringLiteral("names.mdb"), {QStringLiteral("Family")}));
+    }
+    EXPECT_EQ(lastMessage().title, QStringLiteral("Export Failed"));
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("can not be written to"))) << lastMessage().text.toStdString();
+    EXPECT_TRUE(QDir(folder).entryList(QDir::Files | QDir::Hidden).isEmpty());
+    EXPECT_FALSE(scratchThere());
+    EXPECT_TRUE(backupLoaded()) << "the user may pick another folder";
 }

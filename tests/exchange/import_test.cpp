@@ -255,3 +255,22 @@ TEST_F(ImportTest, AnExchangeFileOfTheOriginalProgramIsReadAsItIs)
     ASSERT_TRUE(original.open(QIODevice::ReadOnly) && imported.open(QIODevice::ReadOnly));
     EXPECT_TRUE(original.readAll() == imported.readAll()) << "the file is only read";
 }
+
+// The user's exchange file is only read: its bytes stay, and no journal of the engine is made beside it.
+TEST_F(ImportTest, TheExchangeFileIsOnlyRead)
+{
+    Database db = makeFile(QStringLiteral("names.mdb"));
+    fileType(db, 1, QStringLiteral("Friends"));
+    fileRoof(db, 1, 1, QStringLiteral("The Joneses"), QStringLiteral("2 New Road"));
+    db.close();
+    const QString path = folder + QStringLiteral("/names.mdb");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray before = file.readAll();
+    file.close();
+    ASSERT_TRUE(importFile(QStringLiteral("names.mdb")));
+    EXPECT_EQ(lastMessage().text, completion(1, 0));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll() == before);
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("names.mdb")});
+}

@@ -224,3 +224,43 @@ TEST_F(HomebookImportTest, TheSportsLookupsFailOnTheBookAndCountWhereTheTablesEx
     EXPECT_FALSE(nobody);
     EXPECT_FALSE(location);
 }
+
+// Every reader only reads: the user's file is byte for byte as it was, with nothing made beside it.
+class SourcesStayTest : public HomebookImportTest {
+protected:
+    static QByteArray bytesOf(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
+TEST_F(SourcesStayTest, EveryImportSourceIsUnchangedAfterTheImport)
+{
+    struct Case {
+        const char* source;
+        QString path;
+    } cases[] = {
+        {"OptionImportBK", bracketeerFile(QStringLiteral("options"), QStringLiteral("4.0"),
+                                          {{{"FirstName", "Ada"}, {"LastName", "Lowe"}, {"homephone", "555-1000"}}})},
+        {"OptionImportQuillon", sportsFile({{{"FirstName", "Kira"}, {"LastName", "Holloway"}}})},
+        {"OptionImportHomebook", [this] {
+             Database other = homebookFile();
+             other.execute(QStringLiteral("insert into RoofType (RoofTypeNumber, Description) values (7, 'Friends')"));
+             fileListing(other, 1, 7, QStringLiteral("The Lowes"));
+             filePerson(other, 1, 1, QStringLiteral("Ada"), QStringLiteral("Lowe"));
+             other.close();
+             return programDir() + QStringLiteral("other.mdb");
+         }()},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.source);
+        const QByteArray before = bytesOf(c.path);
+        ASSERT_FALSE(before.isEmpty());
+        const QStringList beside = QDir(programDir()).entryList(QDir::Files);
+        importFrom(c.source, c.path, 1);
+        EXPECT_EQ(lastMessage().title, QStringLiteral("Import Successful")) << lastMessage().text.toStdString();
+        EXPECT_TRUE(bytesOf(c.path) == before);
+        EXPECT_EQ(QDir(programDir()).entryList(QDir::Files), beside) << "nothing made beside the file";
+    }
+}
