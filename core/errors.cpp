@@ -12,7 +12,6 @@
 namespace hb {
 
 namespace {
-bool ended = false;
 int status = 0;
 
 // What the engine was asked to do when it failed, for whoever reads the debug log.
@@ -48,19 +47,33 @@ QString errorReport(const QString& location, const ErrorInfo& info)
 
 bool StandardHandler::run(const std::function<void()>& step)
 {
+    int answer = ui::AnswerYes;
     try {
         step();
         return true;
     } catch (const std::exception& failure) {
         logFailedSql(failure);
-        const int answer = ui::msgBox(errorReport(location_, errorInfo(failure)), ui::MsgYesNoButtons,
-                                      QStringLiteral("Error Handler"));
-        if (answer != ui::AnswerYes) {
-            status = 1;  // the program ends on a failure
-            unloadFrame();
-        }
-        return false;
+        answer = ui::msgBox(errorReport(location_, errorInfo(failure)), ui::MsgYesNoButtons, QStringLiteral("Error Handler"));
     }
+    // The end runs outside the handler of the failure, on a book that may be what failed.
+    if (answer != ui::AnswerYes)
+        endAfterFailure();
+    return false;
+}
+
+void endAfterFailure()
+{
+    status = 1;
+    ReturnToListings = false;
+    try {
+        saveSessionState();
+    } catch (const ProgramEnd&) {
+        throw;
+    } catch (const std::exception& failure) {
+        logFailedSql(failure);
+        DebugLog(QStringLiteral("The settings of the session could not be saved: ") + errorInfo(failure).text);
+    }
+    endProcess();
 }
 
 void reportUnhandled(const QString& location, const std::exception& failure)
@@ -88,7 +101,7 @@ void endProcess()
         } catch (...) {
         }
     }
-    ended = true;
+    ui::beginSessionEnd();
     for (QWidget* w : QApplication::topLevelWidgets())
         w->hide();
     QCoreApplication::exit(status);
@@ -101,10 +114,10 @@ void endOnFailure()
     endProcess();
 }
 
-bool programEnded() { return ended; }
+bool programEnded() { return ui::sessionEnding(); }
 void clearProgramEnded()
 {
-    ended = false;
+    ui::clearSessionEnd();
     status = 0;
 }
 

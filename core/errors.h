@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ui/windowservice.h"
+
 // The one error handling convention of the program, and how a run ends.
 
 #include <QString>
@@ -22,8 +24,9 @@ private:
     std::string what_;
 };
 
-// Thrown to end the program: it unwinds to the event dispatch, which ends the process cleanly.
-struct ProgramEnd {};
+// Thrown to end the program: it unwinds to the event dispatch, which ends the process cleanly. A modal
+// window or message that returns because the program ends throws it too.
+using ProgramEnd = ui::SessionEnded;
 
 // The number and text of any failure that reaches a handler.
 struct ErrorInfo {
@@ -46,6 +49,10 @@ public:
 private:
     QString location_;
 };
+
+// The end after a failure the user chose not to go on from: the session's settings are saved when the
+// book still takes them, and the program ends with the status of a failure whatever the save does.
+[[noreturn]] void endAfterFailure();
 
 // A failure that no routine handles: the report is shown and the program ends, with the database closed.
 void reportUnhandled(const QString& location, const std::exception& failure);

@@ -6,7 +6,6 @@
 #include "core/errors.h"
 #include "core/migration.h"
 #include "core/misc.h"
-#include "core/options.h"
 #include "core/session.h"
 #include "core/upgrades.h"
 #include "core/helpers.h"
@@ -255,9 +254,8 @@ namespace {
 
 // The dated backup of a session that changed the book, when the user asked for it. The end goes on
 // whatever happens to it.
-void backUpAtEnd()
+void backUpAtEnd(int keep)
 {
-    const int keep = keptBackups();
     DB.close();
     try {
         backUpDated(DataPath + QStringLiteral("varlo.mdb"), DataPath + QStringLiteral("backup"), keep);
@@ -269,32 +267,44 @@ void backUpAtEnd()
 
 } // namespace
 
-void SaveStateAndEnd()
+void saveSessionState()
 {
     const bool changed = DB.isOpen() && DB.changesMade() > changesAtStart;
-    if (DB.isOpen()) {
-        StringOptionsRS = DB.openRecordset(QStringLiteral("StringOptions"));
-        for (; !StringOptionsRS.eof(); StringOptionsRS.moveNext()) {
-            StringOptionsRS.edit();
-            if (StringOptionsRS.value(QStringLiteral("OptionNumber")).toInt() == 1)
-                StringOptionsRS.setValue(QStringLiteral("Option"), PieceName);
-            StringOptionsRS.update();
-        }
-        StringOptionsRS.close();
-        NumberOptionsRS = DB.openRecordset(QStringLiteral("NumberOptions"));
-        for (; !NumberOptionsRS.eof(); NumberOptionsRS.moveNext()) {
-            NumberOptionsRS.edit();
-            const int number = NumberOptionsRS.value(QStringLiteral("OptionNumber")).toInt();
-            if (number == 4)
-                NumberOptionsRS.setValue(QStringLiteral("Option"), IncludeCountry);
-            else if (number == 5)
-                NumberOptionsRS.setValue(QStringLiteral("Option"), DisplayAbout);
-            NumberOptionsRS.update();
-        }
-        NumberOptionsRS.close();
-        if (changed && CheckOptionOn(BackupAtEndOption))
-            backUpAtEnd();
+    if (!DB.isOpen())
+        return;
+    StringOptionsRS = DB.openRecordset(QStringLiteral("StringOptions"));
+    for (; !StringOptionsRS.eof(); StringOptionsRS.moveNext()) {
+        StringOptionsRS.edit();
+        if (StringOptionsRS.value(QStringLiteral("OptionNumber")).toInt() == 1)
+            StringOptionsRS.setValue(QStringLiteral("Option"), PieceName);
+        StringOptionsRS.update();
     }
+    StringOptionsRS.close();
+    // The backup option is read in the same pass: no further handler may ask anything during an end.
+    bool backUpChosen = false;
+    int keep = DefaultKeptBackups;
+    NumberOptionsRS = DB.openRecordset(QStringLiteral("NumberOptions"));
+    for (; !NumberOptionsRS.eof(); NumberOptionsRS.moveNext()) {
+        NumberOptionsRS.edit();
+        const int number = NumberOptionsRS.value(QStringLiteral("OptionNumber")).toInt();
+        if (number == BackupAtEndOption)
+            backUpChosen = NumberOptionsRS.value(QStringLiteral("Option")).toDouble() == 1;
+        if (number == KeptBackupsOption && NumberOptionsRS.value(QStringLiteral("Option")).toDouble() >= 1)
+            keep = NumberOptionsRS.value(QStringLiteral("Option")).toInt();
+        if (number == 4)
+            NumberOptionsRS.setValue(QStringLiteral("Option"), IncludeCountry);
+        else if (number == 5)
+            NumberOptionsRS.setValue(QStringLiteral("Option"), DisplayAbout);
+        NumberOptionsRS.update();
+    }
+    NumberOptionsRS.close();
+    if (changed && backUpChosen)
+        backUpAtEnd(keep);
+}
+
+void SaveStateAndEnd()
+{
+    saveSessionState();
     endProcess();
 }
 

@@ -14,6 +14,14 @@ std::unique_ptr<WindowService>& current()
 
 WindowService& windows() { return *current(); }
 
+namespace {
+bool ending = false;
+}
+
+void beginSessionEnd() { ending = true; }
+bool sessionEnding() { return ending; }
+void clearSessionEnd() { ending = false; }
+
 std::unique_ptr<WindowService> setWindowService(std::unique_ptr<WindowService> service)
 {
     std::swap(current(), service);

@@ -47,11 +47,26 @@ WindowService& windows();
 // Installs a service; returns the one it replaces. The default is the real one.
 std::unique_ptr<WindowService> setWindowService(std::unique_ptr<WindowService> service);
 
+// The end of the session. Once it has begun, every window's loop is told to stop; a modal window or a
+// message that returns because of it throws SessionEnded, so that no code after it runs on.
+struct SessionEnded {};
+void beginSessionEnd();
+bool sessionEnding();
+void clearSessionEnd();  // for the tests, which start sessions again
+
 // Shorthands that read like the program's own calls.
 inline int msgBox(const QString& text, int style = MsgOkOnly, const QString& title = QString())
 {
-    return windows().message(text, style, title);
+    const int answer = windows().message(text, style, title);
+    if (sessionEnding())
+        throw SessionEnded{};
+    return answer;
 }
-inline void showModal(QWidget& window) { windows().showModal(window); }
+inline void showModal(QWidget& window)
+{
+    windows().showModal(window);
+    if (sessionEnding())
+        throw SessionEnded{};
+}
 
 } // namespace hb::ui
