@@ -5,9 +5,6 @@
 #include "platform/help/helpwindow.h"
 #include "platform/ui/windowservice.h"
 
-#include <QAction>
-#include <QTabBar>
-#include <QToolBar>
 
 namespace hb {
 
@@ -105,24 +102,8 @@ void ShowHelpContents()
         helpMissing();
 }
 
-void ClearToolTips(QWidget& form)
-{
-    // Switched off on purpose: the windows that call this at load keep their tool tips.
-    constexpr bool clearingWanted = false;
-    if (!clearingWanted)
-        return;
-    const QList<QWidget*> controls = form.findChildren<QWidget*>();
-    for (auto it = controls.crbegin(); it != controls.crend(); ++it) {
-        if (auto* toolbar = qobject_cast<QToolBar*>(*it)) {
-            for (QAction* button : toolbar->actions())
-                button->setToolTip(QString());
-        } else if (auto* tabs = qobject_cast<QTabBar*>(*it)) {
-            for (int i = 0; i < tabs->count(); ++i)
-                tabs->setTabToolTip(i, QString());
-        }
-        (*it)->setToolTip(QString());
-    }
-}
+// Kept as the windows' load calls it: the windows keep their tool tips, so there is nothing to clear.
+void ClearToolTips(QWidget&) {}
 
 void DebugLog(const QString& text) { forms::get<FormDebug>().addEntry(text); }
 

@@ -22,7 +22,6 @@ SheetCatalogue::SheetCatalogue(const QString& templateFolder)
     readTemplates(builtinSheetsXml(), QStringLiteral("built-in"), papers, own);
     add(own.sheets);
     problems_ << own.problems;
-    builtinCount_ = sheets_.size();
 
     const QDir folder(templateFolder);
     if (templateFolder.isEmpty() || !folder.exists())

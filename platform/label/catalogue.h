@@ -24,7 +24,6 @@ public:
 
     const Sheet* find(const QString& name) const;   // nullptr when unknown
     const QVector<Sheet>& sheets() const { return sheets_; }
-    int builtinCount() const { return builtinCount_; }
     int packageCount() const { return packageRead_; }   // templates of the package read, aliases included
     // What was passed over while reading, one line each.
     const QStringList& problems() const { return problems_; }
@@ -37,7 +36,6 @@ private:
     QVector<Sheet> sheets_;
     QHash<QString, int> byName_;
     QStringList problems_;
-    int builtinCount_ = 0;
     int packageRead_ = 0;
 };
 

@@ -230,8 +230,9 @@ TEST_F(FileSafetyTest, KilledCompactionsNeverLeaveACutOffDatabaseAndTheNextStart
         EXPECT_EQ(wholeFile(mainDatabase()), QStringLiteral("ok %1").arg(Rows)) << "killed after " << delay << " us";
         for (const char* backup : {"varlo.bak", "varlo.bak2"}) {
             const QString file = dataDir() + QLatin1String(backup);
-            if (QFile::exists(file))
+            if (QFile::exists(file)) {
                 EXPECT_EQ(wholeFile(file), QStringLiteral("ok %1").arg(Rows)) << backup << " after " << delay << " us";
+            }
         }
     }
     EXPECT_GE(killed, Points / 2) << "most starts were cut off";

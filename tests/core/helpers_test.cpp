@@ -133,22 +133,6 @@ TEST_F(HelpersTest, EveryContextNumberOpensItsOwnHelpPageAndMissingHelpIsReporte
     EXPECT_TRUE(dialogs().messages().empty());
 }
 
-TEST_F(HelpersTest, ClearToolTipsLeavesEveryTipInPlace)
-{
-    QWidget form;
-    auto* toolbar = new QToolBar(&form);
-    QAction* open = toolbar->addAction(QStringLiteral("Open"));
-    open->setToolTip(QStringLiteral("Open a file"));
-    auto* tabs = new QTabWidget(&form);
-    tabs->addTab(new QWidget, QStringLiteral("First"));
-    tabs->setTabToolTip(0, QStringLiteral("The first page"));
-    tabs->setToolTip(QStringLiteral("Pages"));
-    ClearToolTips(form);
-    EXPECT_EQ(open->toolTip(), QStringLiteral("Open a file"));
-    EXPECT_EQ(tabs->tabToolTip(0), QStringLiteral("The first page"));
-    EXPECT_EQ(tabs->toolTip(), QStringLiteral("Pages"));
-}
-
 TEST_F(HelpersTest, TheDebugLogPutsTheNewestLineFirstInAHiddenWindow)
 {
     EXPECT_EQ(forms::loaded<FormDebug>(), nullptr);

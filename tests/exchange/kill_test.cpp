@@ -246,8 +246,9 @@ protected:
             ++points;
             const QString where = QStringLiteral("%1 killed after %2 us").arg(job).arg(delay);
             expectWhole(mainFile, where, mayAdd);
-            if (!target.isEmpty() && QFileInfo::exists(target))
+            if (!target.isEmpty() && QFileInfo::exists(target)) {
                 EXPECT_EQ(storage::databaseFault(target), QString()) << where.toStdString();
+            }
             EXPECT_TRUE(bytesOf(source) == sourceBytes) << where.toStdString() << ": the import source changed";
             runChild(QStringLiteral("start"), -1);
             EXPECT_EQ(strayFiles(dir.path() + QStringLiteral("/Data/")), QStringList()) << where.toStdString();

@@ -106,7 +106,8 @@ TEST_F(GridPageTest, KeepsEveryRowInsideThePage)
         const GridPage page = layout.page(index);
         const qreal lastRowBottom = page.texts.last().rect.bottom();
         EXPECT_LE(lastRowBottom, 300 + 1e-6) << "page " << index;
-        if (index + 1 < layout.pageCount())
+        if (index + 1 < layout.pageCount()) {
             EXPECT_GT(lastRowBottom + layout.rowHeight(), 300) << "page " << index;
+        }
     }
 }

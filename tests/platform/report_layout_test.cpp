@@ -97,8 +97,9 @@ TEST_P(PagedReport, ColumnsFillTopToBottomThenLeftToRight)
             column = s.column;
             y = s.rect.bottom() + 1;
         }
-        if (p < layout->pageCount())
+        if (p < layout->pageCount()) {
             EXPECT_EQ(column, columns() - 1) << "page " << p << " ends before its last column";
+        }
     }
 }
 
@@ -112,8 +113,9 @@ TEST_P(PagedReport, ANewColumnStartsOnlyWhenTheNextListingDoesNotFit)
         for (const PlacedSection& s : page.sections) {
             if (s.column < 0)
                 continue;
-            if (s.column != previousColumn && s.name == QLatin1String("Section4"))
+            if (s.column != previousColumn && s.name == QLatin1String("Section4")) {
                 EXPECT_GT(previousEnd + listingHeight(*layout, s.listing), bottom) << "listing " << s.listing;
+            }
             previousColumn = s.column;
             previousEnd = s.rect.bottom() + 1;
         }

@@ -74,8 +74,9 @@ TEST_P(StorageLike, MatchesAsTheEnginesLike)
     const QString text = QString::fromUtf8(c.text);
     EXPECT_EQ(pattern.matches(text), c.matches) << c.pattern << " like " << c.text;
     const QByteArray utf8 = text.toUtf8();
-    if (utf8.size() == text.size())  // ASCII: the undecoded way must agree
+    if (utf8.size() == text.size()) {  // ASCII: the undecoded way must agree
         EXPECT_EQ(pattern.matchesAscii(utf8.constData(), int(utf8.size())), c.matches) << c.pattern;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Wildcards, StorageLike, ::testing::Values(

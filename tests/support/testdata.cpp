@@ -10,9 +10,9 @@ void addListing(const ListingRow& row)
     rs.setValue(QStringLiteral("RoofType"), row.type);
     rs.setValue(QStringLiteral("RoofName"), row.name);
     rs.setValue(QStringLiteral("SortName"), row.sortName.isEmpty() ? row.name : row.sortName);
-    for (const QString& field : {"Address1", "Address2", "City", "State", "Zip", "Country", "Phone", "Cell", "Fax",
+    for (const char* field : {"Address1", "Address2", "City", "State", "Zip", "Country", "Phone", "Cell", "Fax",
                                  "Email", "Notes"})
-        rs.setValue(field, QString());
+        rs.setValue(QString::fromLatin1(field), QString());
     for (auto it = row.fields.cbegin(); it != row.fields.cend(); ++it)
         rs.setValue(it.key(), it.value());
     rs.update();
@@ -27,8 +27,8 @@ void addPerson(int roofNumber, int personNumber, const QString& first, const QSt
     rs.setValue(QStringLiteral("PersonNumber"), personNumber);
     rs.setValue(QStringLiteral("FirstName"), first);
     rs.setValue(QStringLiteral("LastName"), last);
-    for (const QString& field : {"Work", "WorkPhone", "Email", "Notes"})
-        rs.setValue(field, QString());
+    for (const char* field : {"Work", "WorkPhone", "Email", "Notes"})
+        rs.setValue(QString::fromLatin1(field), QString());
     if (birthDate.isValid()) {
         rs.setValue(QStringLiteral("BirthDate"), birthDate);
         rs.setValue(QStringLiteral("BirthMonthNumber"), birthDate.month());

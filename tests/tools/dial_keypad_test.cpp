@@ -77,7 +77,7 @@ TEST_F(DialKeypadTest, TabbingIntoTheBoxMarksTheNumberWithoutItsTrailingBlanks)
 
 TEST_F(DialKeypadTest, EachOpeningTakesTheNumberOfferedAfresh)
 {
-    for (const QString offered : {QStringLiteral("111"), QStringLiteral("222")}) {
+    for (const QString& offered : {QStringLiteral("111"), QStringLiteral("222")}) {
         DialNumber = offered;
         withDialer([&](QWidget& w) {
             EXPECT_EQ(shown(w), offered);
