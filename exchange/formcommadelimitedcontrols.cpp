@@ -2,6 +2,7 @@
 #include "core/handlers.h"
 #include "exchange/formcommadelimitedimport.h"
 #include "exchange/importwidgets.h"
+#include "exchange/textencoding.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -41,14 +42,28 @@ void FormCommaDelimitedImport::buildControls()
 
     Frame1 = place(new QGroupBox(QStringLiteral("Comma Delimited Settings"), this), "Frame1", 240, 5040, 6000, 1320);
     Label2 = place(new QLabel(QStringLiteral("Type:"), Frame1), "Label2", 240, 360, 720, 255);
-    ComboCategory = place(new QComboBox(Frame1), "ComboCategory", 960, 320, 3600, 315);
-    CheckSkip1stRow = place(new QCheckBox(QStringLiteral("Skip 1st Row"), Frame1), "CheckSkip1stRow", 240, 800, 3000, 300);
+    ComboCategory = place(new QComboBox(Frame1), "ComboCategory", 960, 320, 2160, 315);
+    CheckSkip1stRow = place(new QCheckBox(QStringLiteral("Skip 1st Row"), Frame1), "CheckSkip1stRow", 240, 800, 2880, 300);
+    LabelDelimiter = place(new QLabel(QStringLiteral("Delimiter:"), Frame1), "LabelDelimiter", 3300, 360, 960, 255);
+    ComboDelimiter = place(new QComboBox(Frame1), "ComboDelimiter", 4320, 320, 1500, 315);
+    ComboDelimiter->setToolTip(QStringLiteral("The character that separates the columns of the file"));
+    const QStringList delimiters = csv::delimiterNames();
+    for (int i = 0; i < delimiters.size(); ++i)
+        ComboDelimiter->addItem(delimiters[i], int(csv::Delimiters[i]));
+    LabelEncoding = place(new QLabel(QStringLiteral("Encoding:"), Frame1), "LabelEncoding", 3300, 840, 960, 255);
+    ComboEncoding = place(new QComboBox(Frame1), "ComboEncoding", 4320, 800, 1500, 315);
+    ComboEncoding->setToolTip(QStringLiteral("The character set the file is written in"));
+    const QStringList encodings = csv::encodingNames();
+    for (int i = 0; i < encodings.size(); ++i)
+        ComboEncoding->addItem(encodings[i], i);
     CheckSkip1stRow->setToolTip(QStringLiteral("Check to skip the 1st row of data.  You may need this if the column "
                                                "names are included in the file."));
 
     CommandImport = button(this, "CommandImport", "Import", "Begin the import process", 6600, 5160);
     CommandCancel = button(this, "CommandCancel", "Cancel", "Cancel the import", 7920, 5160);
     CommandHelp = button(this, "CommandHelp", "Help", "Display help", 7920, 5700);
+    connectHandler(ComboDelimiter, &QComboBox::activated, this, &FormCommaDelimitedImport::ComboDelimiter_Click);
+    connectHandler(ComboEncoding, &QComboBox::activated, this, &FormCommaDelimitedImport::ComboEncoding_Click);
     connectHandler(CommandImport, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandImport_Click);
     connectHandler(CommandCancel, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandCancel_Click);
     connectHandler(CommandHelp, &QPushButton::clicked, this, &FormCommaDelimitedImport::CommandHelp_Click);

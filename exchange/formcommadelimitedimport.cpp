@@ -53,22 +53,28 @@ void FormCommaDelimitedImport::formLoad()
 {
     ui::windows().setBusy(true);
     QCoreApplication::processEvents();
-    const QString path = forms::get<FormImport>().Tag;
-    LabelSourceFile->setText(QStringLiteral("Source File: ") + path);
-    refused_ = !readSource(path);
+    path_ = forms::get<FormImport>().Tag;
+    LabelSourceFile->setText(QStringLiteral("Source File: ") + path_);
+    refused_ = !readSource({});
     fillTypes();
+    showChoice();
+    clearAssignments();
+    ui::windows().setBusy(false);
+}
+
+void FormCommaDelimitedImport::clearAssignments()
+{
     ColumnNames = QVector<QString>(model_->columnCount() + 1, Unassigned);
     ColumnNames[0].clear();
     ListByColumn = 0;
     RefreshColumnNames();
-    ui::windows().setBusy(false);
 }
 
 // The file is read where it lies, so that a file in a read-only folder imports too. A file that is no
 // table of names is refused before anything is shown or written.
-bool FormCommaDelimitedImport::readSource(const QString& path)
+bool FormCommaDelimitedImport::readSource(const csv::Choice& choice)
 {
-    csv::ReadResult result = csv::readFile(path);
+    csv::ReadResult result = csv::readFile(path_, choice);
     if (!result.ok()) {
         ui::windows().setBusy(false);
         const bool missing = result.failure == csv::Failure::Missing;
@@ -76,6 +82,7 @@ bool FormCommaDelimitedImport::readSource(const QString& path)
                    missing ? QStringLiteral("File Error") : QStringLiteral("Import Error"));
         return false;
     }
+    read_ = {result.table.delimiter, result.table.encoding};
     model_->setRows(std::move(result.table.rows), result.table.columnCount);
     return true;
 }

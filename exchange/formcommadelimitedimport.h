@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/forms.h"
+#include "exchange/csvreader.h"
 
 #include <QVector>
 
@@ -37,13 +38,19 @@ public:
     void RefreshColumnNames();
 
     void ListView1_ColumnClick(int column);
+    // A delimiter or an encoding chosen: the file read again with both choices and shown at once.
+    void ComboDelimiter_Click();
+    void ComboEncoding_Click();
     void CommandImport_Click();
     void CommandCancel_Click();
     void CommandHelp_Click();
 
 private:
     void buildControls();
-    bool readSource(const QString& path);
+    bool readSource(const csv::Choice& choice);
+    void showChoice();
+    void clearAssignments();
+    void rereadSource();
     void fillTypes();
     void autoSizeColumns();
     QStringList freeFields() const;
@@ -57,9 +64,13 @@ private:
     CsvTableModel* model_;
     QGroupBox* Frame1;
     QComboBox* ComboCategory;
+    QLabel *LabelDelimiter, *LabelEncoding;
+    QComboBox *ComboDelimiter, *ComboEncoding;
     QCheckBox* CheckSkip1stRow;
     QPushButton *CommandImport, *CommandCancel, *CommandHelp;
     bool refused_ = false;
+    QString path_;
+    csv::Choice read_;   // the delimiter and encoding of the rows shown
 };
 
 } // namespace hb

@@ -3,17 +3,12 @@
 #include "addressbook/frmaddressbook.h"
 #include "exchange/formimportprogress.h"
 
-#include <QCheckBox>
 #include <QTimer>
 
 using namespace hb;
 
 class CommaDelimitedTest : public ImportWindowFixture {
 protected:
-    static void tickSkipFirstRow(QWidget& w)
-    {
-        QTest::keyClick(control<QCheckBox>(w, QStringLiteral("CheckSkip1stRow")), Qt::Key_Space);
-    }
     static QVariantMap only(const QString& name)
     {
         const auto rows = listings(name);

@@ -1,0 +1,45 @@
+#include "exchange/formcommadelimitedimport.h"
+
+#include "exchange/csvtablemodel.h"
+#include "exchange/textencoding.h"
+#include "platform/ui/windowservice.h"
+
+#include <QComboBox>
+#include <QSignalBlocker>
+
+// The settings of a file's reading that the user may change: its delimiter and its text encoding, first
+// as the reader found them.
+
+namespace hb {
+
+void FormCommaDelimitedImport::showChoice()
+{
+    const QSignalBlocker delimiters(ComboDelimiter), encodings(ComboEncoding);
+    ComboDelimiter->setCurrentIndex(ComboDelimiter->findData(int(read_.delimiter)));
+    ComboEncoding->setCurrentIndex(ComboEncoding->findData(int(read_.encoding.value_or(csv::Encoding::Utf8))));
+}
+
+void FormCommaDelimitedImport::ComboDelimiter_Click() { rereadSource(); }
+
+void FormCommaDelimitedImport::ComboEncoding_Click() { rereadSource(); }
+
+// Assignments stay while the columns stay the same; a file that no longer reads keeps the rows shown.
+void FormCommaDelimitedImport::rereadSource()
+{
+    const csv::Choice choice{char(ComboDelimiter->currentData().toInt()),
+                             csv::Encoding(ComboEncoding->currentData().toInt())};
+    const int columns = model_->columnCount();
+    ui::windows().setBusy(true);
+    const bool read = readSource(choice);
+    ui::windows().setBusy(false);
+    if (!read) {
+        showChoice();
+        return;
+    }
+    if (model_->columnCount() == columns)
+        RefreshColumnNames();
+    else
+        clearAssignments();
+}
+
+} // namespace hb

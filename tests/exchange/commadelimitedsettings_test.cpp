@@ -1,0 +1,101 @@
+#include "importwindow_fixture.h"
+
+#include <QStringEncoder>
+
+using namespace hb;
+
+// The delimiter and the encoding of a file, as the window finds them and as the user changes them.
+class CommaDelimitedSettingsTest : public ImportWindowFixture {
+protected:
+    static QComboBox* combo(QWidget& w, const char* name) { return control<QComboBox>(w, QString::fromLatin1(name)); }
+    static QString cell(QWidget& w, int row, int column)
+    {
+        auto* model = rows(w)->model();
+        return model->data(model->index(row, column)).toString();
+    }
+    // Picks an entry the way a user does with the keyboard, one step at a time.
+    static void choose(QWidget& w, const char* name, const QString& entry)
+    {
+        QComboBox* box = combo(w, name);
+        const int target = box->findText(entry);
+        ASSERT_GE(target, 0) << entry.toStdString();
+        const int steps = target - box->currentIndex();
+        for (int i = 0; i < std::abs(steps); ++i)
+            QTest::keyClick(box, steps > 0 ? Qt::Key_Down : Qt::Key_Up);
+    }
+    void assignNames(QWidget& w)
+    {
+        assign(w, 1, QStringLiteral("First Name"));
+        assign(w, 2, QStringLiteral("Last Name"));
+        assign(w, 2, QStringLiteral("List By"));
+        assign(w, 3, QStringLiteral("Address1"));
+        assign(w, 4, QStringLiteral("City"));
+    }
+};
+
+TEST_F(CommaDelimitedSettingsTest, ASemicolonFileWithACommaInEveryLineSplitsAtSemicolons)
+{
+    const QString path = writeFile(QStringLiteral("adressen.csv"),
+        "Name, Vorname;Nachname;Stra\xC3\x9F" "e;Ort\r\n"
+        "Chlo\xC3\xA9;D\xC3\xBCring;Lindenallee 4, Hinterhaus;M\xC3\xBCnchen\r\n");
+    importFile(path, [&](FormCommaDelimitedImport& w) {
+        EXPECT_EQ(combo(w, "ComboDelimiter")->currentText(), QStringLiteral("Semicolon"));
+        EXPECT_EQ(combo(w, "ComboEncoding")->currentText(), QStringLiteral("UTF-8"));
+        EXPECT_EQ(rows(w)->model()->columnCount(), 4);
+        keepPicture(&w, QStringLiteral("comma-delimited-semicolons"));
+        assignNames(w);
+        choose(w, "ComboDelimiter", QStringLiteral("Comma"));
+        EXPECT_EQ(rows(w)->model()->columnCount(), 2) << "the rows are shown again at once";
+        EXPECT_EQ(cell(w, 1, 0), QString::fromUtf8("Chloé;Düring;Lindenallee 4"));
+        EXPECT_EQ(heads(w), QStringList(2, QStringLiteral("Click to Assign"))) << "other columns, no assignments";
+        choose(w, "ComboDelimiter", QStringLiteral("Semicolon"));
+        EXPECT_EQ(cell(w, 1, 2), QStringLiteral("Lindenallee 4, Hinterhaus"));
+        assignNames(w);
+        tickSkipFirstRow(w);
+        press(w, "CommandImport");
+    });
+    EXPECT_EQ(lastMessage().text, summary(1));
+    const auto rows = listings(QString::fromUtf8("Chloé Düring"));
+    ASSERT_EQ(rows.size(), 1);
+    EXPECT_EQ(rows[0]["address1"].toString(), QStringLiteral("Lindenallee 4, Hinterhaus"));
+    EXPECT_EQ(rows[0]["city"].toString(), QString::fromUtf8("München"));
+}
+
+TEST_F(CommaDelimitedSettingsTest, ASpreadsheetsUnicodeTextImportsAndAnEncodingThatCannotReadItIsRefused)
+{
+    QStringEncoder encoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);
+    const QByteArray bytes = encoder.encode(QString::fromUtf8(
+        "Vorname\tNachname\tStraße\tOrt\r\nChloé\tDüring\tLindenallee 4\tMünchen\r\n"));
+    importFile(writeFile(QStringLiteral("unicode.txt"), bytes), [&](FormCommaDelimitedImport& w) {
+        EXPECT_EQ(combo(w, "ComboEncoding")->currentText(), QStringLiteral("UTF-16"));
+        EXPECT_EQ(combo(w, "ComboDelimiter")->currentText(), QStringLiteral("Tab"));
+        EXPECT_EQ(cell(w, 1, 3), QString::fromUtf8("München"));
+        choose(w, "ComboEncoding", QStringLiteral("ISO-8859-15"));
+        EXPECT_TRUE(lastMessage().text.startsWith(QStringLiteral("The file is not a comma delimited text file")));
+        EXPECT_EQ(combo(w, "ComboEncoding")->currentText(), QStringLiteral("UTF-16")) << "the choice that reads stays";
+        EXPECT_EQ(cell(w, 1, 3), QString::fromUtf8("München"));
+        assignNames(w);
+        tickSkipFirstRow(w);
+        press(w, "CommandImport");
+    });
+    EXPECT_EQ(lastMessage().text, summary(1));
+    ASSERT_EQ(listings(QString::fromUtf8("Chloé Düring")).size(), 1);
+    EXPECT_EQ(listings(QString::fromUtf8("Chloé Düring"))[0]["city"].toString(), QString::fromUtf8("München"));
+}
+
+TEST_F(CommaDelimitedSettingsTest, AnotherEncodingKeepsTheAssignmentsAndRedrawsTheCells)
+{
+    const QString path = writeFile(QStringLiteral("latin.csv"), "Zo\xEB,M\xFCller,1 Rue \xA4,K\xF8" "benhavn\n");
+    importFile(path, [&](FormCommaDelimitedImport& w) {
+        EXPECT_EQ(combo(w, "ComboEncoding")->currentText(), QStringLiteral("Windows-1252"));
+        EXPECT_EQ(cell(w, 0, 2), QString::fromUtf8("1 Rue ¤"));
+        assignNames(w);
+        choose(w, "ComboEncoding", QStringLiteral("ISO-8859-15"));
+        EXPECT_EQ(cell(w, 0, 2), QString::fromUtf8("1 Rue €"));
+        EXPECT_EQ(heads(w), (QStringList{QStringLiteral("First Name"), QStringLiteral("Last Name (Listby)"),
+                                         QStringLiteral("Address1"), QStringLiteral("City")}));
+        press(w, "CommandImport");
+    });
+    ASSERT_EQ(listings(QString::fromUtf8("Zoë Müller")).size(), 1);
+    EXPECT_EQ(listings(QString::fromUtf8("Zoë Müller"))[0]["address1"].toString(), QString::fromUtf8("1 Rue €"));
+}
