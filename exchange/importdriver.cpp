@@ -4,9 +4,12 @@
 #include "core/misc.h"
 #include "core/schema.h"
 #include "core/session.h"
+#include "exchange/fieldfit.h"
 #include "exchange/importwindows.h"
 #include "platform/dates.h"
 #include "platform/ui/windowservice.h"
+
+#include <QLoggingCategory>
 
 namespace hb {
 
@@ -24,25 +27,27 @@ namespace {
 
 const QString Location = QStringLiteral("ImportHBRecord");
 
+Q_LOGGING_CATEGORY(importLog, "hb.import")
+
 enum class Path { Skip, Add, Replace };
+
+// The way a record goes, and the counter it adds to once its row is written (none for a plain add).
+struct Way {
+    Path path = Path::Add;
+    qint32 ImportCounters::*counter = nullptr;
+};
 
 // The standing answer or, without one, the user's answer for this duplicate. The counts are uneven on
 // purpose: only duplicates added under the standing "add all" count as added duplicates, while both
-// replace answers count as replaced at once.
-Path duplicatePath(const ImportRoofRecord& record, ImportOption& option, ImportCounters& counters)
+// replace answers count as replaced.
+Way duplicateWay(const ImportRoofRecord& record, ImportOption& option)
 {
-    if (option == QLatin1String("SkipAllDuplicates")) {
-        ++counters.Skipped;
-        return Path::Skip;
-    }
-    if (option == QLatin1String("ReplaceAllDuplicates")) {
-        ++counters.Replaced;
-        return Path::Replace;
-    }
-    if (option == QLatin1String("AddAllDuplicates")) {
-        ++counters.DuplicatesAdded;
-        return Path::Add;
-    }
+    if (option == QLatin1String("SkipAllDuplicates"))
+        return {Path::Skip, &ImportCounters::Skipped};
+    if (option == QLatin1String("ReplaceAllDuplicates"))
+        return {Path::Replace, &ImportCounters::Replaced};
+    if (option == QLatin1String("AddAllDuplicates"))
+        return {Path::Add, &ImportCounters::DuplicatesAdded};
     const QString answer = importwindows::askAboutDuplicate(
         QStringLiteral("An existing record has been found for ") + record.RoofName
         + QStringLiteral("\r\n\r\nYou may skip the record or add an additional entry with the same name."));
@@ -51,36 +56,75 @@ Path duplicatePath(const ImportRoofRecord& record, ImportOption& option, ImportC
     if (answer == QLatin1String("replace") || answer == QLatin1String("replaceall")) {
         if (answer == QLatin1String("replaceall"))
             option = QStringLiteral("ReplaceAllDuplicates");
-        ++counters.Replaced;
-        return Path::Replace;
+        return {Path::Replace, &ImportCounters::Replaced};
     }
     if (answer == QLatin1String("skip") || answer == QLatin1String("skipall")) {
         if (answer == QLatin1String("skipall"))
             option = QStringLiteral("SkipAllDuplicates");
-        ++counters.Skipped;
-        return Path::Skip;
+        return {Path::Skip, &ImportCounters::Skipped};
     }
     // The record in hand is still added before the reader stops.
     if (answer == QLatin1String("cancelimport"))
         option = QStringLiteral("Cancel");
-    return Path::Add;
+    return {};
+}
+
+const std::pair<const char*, QString ImportRoofRecord::*> RoofTexts[] = {
+    {"RoofName", &ImportRoofRecord::RoofName}, {"SortName", &ImportRoofRecord::SortName},
+    {"Address1", &ImportRoofRecord::Address1}, {"Address2", &ImportRoofRecord::Address2},
+    {"City", &ImportRoofRecord::City},         {"State", &ImportRoofRecord::State},
+    {"Zip", &ImportRoofRecord::Zip},           {"Email", &ImportRoofRecord::Email},
+    {"Phone", &ImportRoofRecord::Phone},       {"Cell", &ImportRoofRecord::Cell},
+    {"Country", &ImportRoofRecord::Country},   {"Notes", &ImportRoofRecord::Notes},
+    {"Fax", &ImportRoofRecord::Fax}};
+
+// Cuts what is longer than its field, before the duplicate test, so that the name tested is the name
+// written. Gives the fields cut.
+QStringList fitRecord(ImportRoofRecord& record)
+{
+    QStringList cut;
+    for (const auto& [name, member] : RoofTexts) {
+        QString& value = record.*member;
+        QString fitted = value;
+        if (fitToField(fitted, QStringLiteral("Roof"), QString::fromLatin1(name))) {
+            value = fitted;
+            cut << QString::fromLatin1(name);
+        }
+    }
+    return cut;
 }
 
 void setFields(Recordset& roof, const ImportRoofRecord& record)
 {
-    const std::pair<const char*, const QString*> texts[] = {
-        {"RoofName", &record.RoofName}, {"SortName", &record.SortName}, {"Address1", &record.Address1},
-        {"Address2", &record.Address2}, {"City", &record.City},         {"State", &record.State},
-        {"Zip", &record.Zip},           {"Email", &record.Email},       {"Phone", &record.Phone},
-        {"Cell", &record.Cell},         {"Country", &record.Country}};
-    for (const auto& [name, value] : texts)
-        roof.setValue(QString::fromLatin1(name), value->trimmed());
+    for (const auto& [name, member] : RoofTexts)
+        roof.setValue(QString::fromLatin1(name), (record.*member).trimmed());
     // An unreadable date leaves the old one standing on a replaced row.
     if (const auto date = dates::toDateTime(record.Anniversary.trimmed()))
         roof.setValue(QStringLiteral("Anniversary"), *date);
-    roof.setValue(QStringLiteral("Notes"), record.Notes.trimmed());
-    roof.setValue(QStringLiteral("Fax"), record.Fax.trimmed());
     roof.setValue(QStringLiteral("RoofType"), record.RoofType);
+}
+
+// The fields of an individual copied from a Homebook source, in the order they are written.
+const char* const PersonFields[] = {"FirstName", "LastName", "work", "WorkPhone", "Birthdate", "BirthMonthNumber",
+                                    "BirthDayNumber", "Email", "Notes"};
+
+// A source row's values, texts cut to the fields of the main database; counts those cut.
+QVector<QVariant> personValues(const Recordset& source, int& cut)
+{
+    QVector<QVariant> values;
+    for (const char* field : PersonFields) {
+        QVariant value = source.value(QString::fromLatin1(field));
+        if (value.typeId() == QMetaType::QString) {
+            QString text = value.toString();
+            if (fitToField(text, QStringLiteral("Person"), QString::fromLatin1(field))) {
+                qCDebug(importLog) << "Value shortened to fit:" << field << "of an individual:" << text;
+                ++cut;
+            }
+            value = text;
+        }
+        values << value;
+    }
+    return values;
 }
 
 } // namespace
@@ -95,19 +139,22 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
         option = QStringLiteral("Cancel");
         return;
     }
+    const QStringList cut = fitRecord(record);
     Recordset roof;
     handler.run([&] {
         SQL = QStringLiteral("select * from roof where roofname = '") + DoubleQuotes(record.RoofName)
             + QStringLiteral("'");
         roof = DB.openRecordset(SQL);
     });
-    Path path = Path::Add;
+    Way way;
     if (roof.isOpen() && !roof.eof())
-        path = duplicatePath(record, option, counters);
-    if (path == Path::Skip)
+        way = duplicateWay(record, option);
+    if (way.path == Path::Skip) {
+        ++(counters.*way.counter);
         return;
+    }
     handler.run([&] {
-        if (path == Path::Replace) {
+        if (way.path == Path::Replace) {
             roof.edit();
         } else {
             roof.addNew();
@@ -116,26 +163,36 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
         }
     });
     handler.run([&] { setFields(roof, record); });
-    handler.run([&] { roof.update(); });
+    // A row that the user let go after a failure is not counted: the counts are what was written.
+    const bool written = handler.run([&] { roof.update(); });
     roof.close();
+    if (!written)
+        return;
+    for (const QString& field : cut)
+        qCDebug(importLog) << "Value shortened to fit:" << field << "of" << record.RoofName;
+    counters.Shortened += qint32(cut.size());
+    if (way.counter)
+        ++(counters.*way.counter);
     if (importwindows::homebookSource())
-        handler.run([&] { ImportHBPersons(record); });
+        handler.run([&] { counters.Shortened += ImportHBPersons(record); });
     ++counters.Imported;
 }
 
 // A person's duplicate is the same listing with the same first and last name; it is overwritten without
 // a question. The number is the main database's, as the last add left it, on purpose.
-void ImportHBPersons(const ImportRoofRecord& record)
+int ImportHBPersons(const ImportRoofRecord& record)
 {
+    int cut = 0;
     const QString number = NumText(record.RoofNumber);
     Recordset source = ImportDB.openRecordset(QStringLiteral("Select * from Person where RoofNumber =") + number);
     if (!source.eof())
         source.moveFirst();
     for (; !source.eof(); source.moveNext()) {
+        const QVector<QVariant> values = personValues(source, cut);
         SQL = QStringLiteral("Select * from Person where RoofNumber =") + number + QStringLiteral(" and FirstName = ")
-            + QStringLiteral(" '") + DoubleQuotes(NullToText(source.value(QStringLiteral("FirstName"))))
-            + QStringLiteral("'") + QStringLiteral(" and LastName = ") + QStringLiteral("'")
-            + DoubleQuotes(NullToText(source.value(QStringLiteral("LastName")))) + QStringLiteral("'");
+            + QStringLiteral(" '") + DoubleQuotes(NullToText(values[0])) + QStringLiteral("'")
+            + QStringLiteral(" and LastName = ") + QStringLiteral("'") + DoubleQuotes(NullToText(values[1]))
+            + QStringLiteral("'");
         Recordset target = DB.openRecordset(SQL);
         if (!target.eof()) {
             target.edit();
@@ -146,13 +203,13 @@ void ImportHBPersons(const ImportRoofRecord& record)
             target.setValue(QStringLiteral("personlisted"), false);
             target.setValue(QStringLiteral("personselected"), false);
         }
-        for (const char* field : {"FirstName", "LastName", "work", "WorkPhone", "Birthdate", "BirthMonthNumber",
-                                  "BirthDayNumber", "Email", "Notes"})
-            target.setValue(QString::fromLatin1(field), source.value(QString::fromLatin1(field)));
+        for (int i = 0; i < values.size(); ++i)
+            target.setValue(QString::fromLatin1(PersonFields[i]), values[i]);
         target.update();
         target.close();
     }
     source.close();
+    return cut;
 }
 
 QString ImportSummaryText(const ImportCounters& counters)
@@ -162,7 +219,8 @@ QString ImportSummaryText(const ImportCounters& counters)
         .arg(counters.Imported)
         .arg(counters.Skipped)
         .arg(counters.Replaced)
-        .arg(counters.DuplicatesAdded);
+        .arg(counters.DuplicatesAdded)
+        + (counters.Shortened > 0 ? QStringLiteral("\r\nValues shortened to fit: %1").arg(counters.Shortened) : QString());
 }
 
 void ShowImportSummary(const ImportCounters& counters)

@@ -27,6 +27,7 @@ struct ImportCounters {
     qint32 DuplicatesAdded = 0;
     qint32 Skipped = 0;
     qint32 Replaced = 0;
+    qint32 Shortened = 0;   // values cut to the length of their field
 };
 
 // The standing answer of an import: "", "SkipAllDuplicates", "ReplaceAllDuplicates", "AddAllDuplicates",
@@ -40,10 +41,12 @@ extern qint32 ImportTypeNumber;    // the address type chosen in the import wind
 // answer, adds or overwrites the listing and counts. The reader leaves its loop when option is "Cancel".
 void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounters& counters, qint32 index,
                     qint32 total);
-// Copies the individuals that the open source database (ImportDB) files under record.RoofNumber.
-void ImportHBPersons(const ImportRoofRecord& record);
+// Copies the individuals that the open source database (ImportDB) files under record.RoofNumber. Gives
+// the number of values cut to the length of their field.
+int ImportHBPersons(const ImportRoofRecord& record);
 
-// "Import Finished Successfully." with the four counts, as every reader ends.
+// "Import Finished Successfully." with the four counts, as every reader ends, and the values shortened
+// to fit when there were any.
 QString ImportSummaryText(const ImportCounters& counters);
 void ShowImportSummary(const ImportCounters& counters);
 

@@ -241,3 +241,20 @@ TEST_F(CommaDelimitedTest, AnEmptyFileHasNoColumnToAssign)
     });
     EXPECT_EQ(roofCount(), 0);
 }
+
+TEST_F(CommaDelimitedTest, ACityTooLongForItsFieldIsCutAndTheRowWritten)
+{
+    const QByteArray city = "Llanfairpwllgwyngyllgogerychwyrndrobwllllantysiliogogogoch";
+    ASSERT_EQ(city.size(), 58);
+    const QString path = writeFile(QStringLiteral("long.csv"), "Jones," + city + "\nSmith,Bangor\n");
+    importFile(path, [&](FormCommaDelimitedImport& w) {
+        assign(w, 1, QStringLiteral("Last Name"));
+        assign(w, 1, QStringLiteral("List By"));
+        assign(w, 2, QStringLiteral("City"));
+        press(w, "CommandImport");
+    });
+    EXPECT_EQ(lastMessage().text, summary(2) + QStringLiteral("\r\nValues shortened to fit: 1"));
+    EXPECT_EQ(roofCount(), 2);
+    EXPECT_EQ(only(QStringLiteral("Jones"))["city"].toString(), QString::fromLatin1(city.left(30)));
+    EXPECT_EQ(only(QStringLiteral("Smith"))["city"].toString(), QStringLiteral("Bangor"));
+}
