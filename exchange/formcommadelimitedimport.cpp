@@ -58,6 +58,7 @@ void FormCommaDelimitedImport::formLoad()
     refused_ = !readSource({});
     fillTypes();
     showChoice();
+    guessDateOrder();
     clearAssignments();
     ui::windows().setBusy(false);
 }
@@ -165,6 +166,7 @@ void FormCommaDelimitedImport::importRows(int firstColumn, int middleColumn, int
     ImportRoofRecord record;
     ImportOption option;
     ImportCounters counters;
+    record.DateOrder = dateOrder();
     const int total = model_->rowCount();
     for (int row = 1; row <= total; ++row) {
         // The yield lets the progress window's cancel button be pressed.

@@ -2,6 +2,7 @@
 
 #include "core/forms.h"
 #include "exchange/csvreader.h"
+#include "exchange/importdates.h"
 
 #include <QVector>
 
@@ -49,6 +50,8 @@ private:
     void buildControls();
     bool readSource(const csv::Choice& choice);
     void showChoice();
+    void guessDateOrder();
+    importdates::Order dateOrder() const;
     void clearAssignments();
     void rereadSource();
     void fillTypes();
@@ -64,8 +67,8 @@ private:
     CsvTableModel* model_;
     QGroupBox* Frame1;
     QComboBox* ComboCategory;
-    QLabel *LabelDelimiter, *LabelEncoding;
-    QComboBox *ComboDelimiter, *ComboEncoding;
+    QLabel *LabelDelimiter, *LabelEncoding, *LabelDateOrder;
+    QComboBox *ComboDelimiter, *ComboEncoding, *ComboDateOrder;
     QCheckBox* CheckSkip1stRow;
     QPushButton *CommandImport, *CommandCancel, *CommandHelp;
     bool refused_ = false;

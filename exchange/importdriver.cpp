@@ -6,6 +6,7 @@
 #include "core/session.h"
 #include "exchange/fieldfit.h"
 #include "exchange/importwindows.h"
+#include "platform/clock.h"
 #include "platform/dates.h"
 #include "platform/ui/windowservice.h"
 
@@ -94,14 +95,33 @@ QStringList fitRecord(ImportRoofRecord& record)
     return cut;
 }
 
-void setFields(Recordset& roof, const ImportRoofRecord& record)
+// The anniversary as a date, in the reader's order if it has one; unread when there is text but no date.
+std::optional<QDateTime> anniversaryOf(const ImportRoofRecord& record, bool& unread)
+{
+    const QString text = record.Anniversary.trimmed();
+    if (record.DateOrder) {
+        const importdates::Reading reading = importdates::readDate(text, *record.DateOrder, clock::today());
+        unread = reading.kind == importdates::Kind::NotADate;
+        if (reading.kind == importdates::Kind::Date)
+            return reading.date.startOfDay();
+        return std::nullopt;
+    }
+    const std::optional<QDateTime> date = dates::toDateTime(text);
+    unread = !date && !text.isEmpty();
+    return date;
+}
+
+// Gives true when the anniversary is text that is no date.
+bool setFields(Recordset& roof, const ImportRoofRecord& record)
 {
     for (const auto& [name, member] : RoofTexts)
         roof.setValue(QString::fromLatin1(name), (record.*member).trimmed());
+    bool unread = false;
     // An unreadable date leaves the old one standing on a replaced row.
-    if (const auto date = dates::toDateTime(record.Anniversary.trimmed()))
+    if (const auto date = anniversaryOf(record, unread))
         roof.setValue(QStringLiteral("Anniversary"), *date);
     roof.setValue(QStringLiteral("RoofType"), record.RoofType);
+    return unread;
 }
 
 // The fields of an individual copied from a Homebook source, in the order they are written.
@@ -162,7 +182,8 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
             record.RoofNumber = roof.value(QStringLiteral("RoofNumber")).toInt();
         }
     });
-    handler.run([&] { setFields(roof, record); });
+    bool unreadDate = false;
+    handler.run([&] { unreadDate = setFields(roof, record); });
     // A row that the user let go after a failure is not counted: the counts are what was written.
     const bool written = handler.run([&] { roof.update(); });
     roof.close();
@@ -171,6 +192,10 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
     for (const QString& field : cut)
         qCDebug(importLog) << "Value shortened to fit:" << field << "of" << record.RoofName;
     counters.Shortened += qint32(cut.size());
+    if (unreadDate) {
+        qCDebug(importLog) << "Not a date:" << record.Anniversary << "of" << record.RoofName;
+        ++counters.NotDates;
+    }
     if (way.counter)
         ++(counters.*way.counter);
     if (importwindows::homebookSource())
@@ -220,7 +245,8 @@ QString ImportSummaryText(const ImportCounters& counters)
         .arg(counters.Skipped)
         .arg(counters.Replaced)
         .arg(counters.DuplicatesAdded)
-        + (counters.Shortened > 0 ? QStringLiteral("\r\nValues shortened to fit: %1").arg(counters.Shortened) : QString());
+        + (counters.Shortened > 0 ? QStringLiteral("\r\nValues shortened to fit: %1").arg(counters.Shortened) : QString())
+        + (counters.NotDates > 0 ? QStringLiteral("\r\nValues not read as dates: %1").arg(counters.NotDates) : QString());
 }
 
 void ShowImportSummary(const ImportCounters& counters)

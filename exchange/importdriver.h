@@ -4,7 +4,11 @@
 // answer that a reader keeps across its rows. No widgets here: the windows of an import are reached
 // through importwindows.h, so that any reader can call this.
 
+#include "exchange/importdates.h"
+
 #include <QString>
+
+#include <optional>
 
 namespace hb {
 
@@ -17,6 +21,8 @@ struct ImportRoofRecord {
     QString Phone, Cell, Fax, Email;
     QString Anniversary;     // a date as text; written only when it reads as one
     QString Notes;
+    // The order the reader's dates are in; without one, they read as a typed date does.
+    std::optional<importdates::Order> DateOrder;
 
     // Every text field emptied; the numbers stay.
     void clearText();
@@ -28,6 +34,7 @@ struct ImportCounters {
     qint32 Skipped = 0;
     qint32 Replaced = 0;
     qint32 Shortened = 0;   // values cut to the length of their field
+    qint32 NotDates = 0;    // anniversaries that did not read as dates, so were not written
 };
 
 // The standing answer of an import: "", "SkipAllDuplicates", "ReplaceAllDuplicates", "AddAllDuplicates",
@@ -46,7 +53,7 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
 int ImportHBPersons(const ImportRoofRecord& record);
 
 // "Import Finished Successfully." with the four counts, as every reader ends, and the values shortened
-// to fit when there were any.
+// to fit and the values not read as dates when there were any.
 QString ImportSummaryText(const ImportCounters& counters);
 void ShowImportSummary(const ImportCounters& counters);
 

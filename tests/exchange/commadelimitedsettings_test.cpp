@@ -99,3 +99,41 @@ TEST_F(CommaDelimitedSettingsTest, AnotherEncodingKeepsTheAssignmentsAndRedrawsT
     ASSERT_EQ(listings(QString::fromUtf8("Zoë Müller")).size(), 1);
     EXPECT_EQ(listings(QString::fromUtf8("Zoë Müller"))[0]["address1"].toString(), QString::fromUtf8("1 Rue €"));
 }
+
+// The window offers the order the file shows; every date then reads in the order chosen, and what is no
+// date in it is counted, not lost without a word.
+TEST_F(CommaDelimitedSettingsTest, DatesReadInTheOrderTheFileShowsOrTheUserChooses)
+{
+    const QString german = writeFile(QStringLiteral("geburtstage.csv"),
+        "Anna;Adler;14.03.1985\nBen;Berg;03.04.1985\nCarl;Clausen;--06-21\nDora;Dietz;0/0/00\nEmil;Eck;kein Datum\n");
+    importFile(german, [&](FormCommaDelimitedImport& w) {
+        EXPECT_EQ(combo(w, "ComboDateOrder")->currentText(), QStringLiteral("Day-Month-Year"));
+        keepPicture(&w, QStringLiteral("comma-delimited-dates"));
+        assign(w, 1, QStringLiteral("First Name"));
+        assign(w, 2, QStringLiteral("Last Name"));
+        assign(w, 2, QStringLiteral("List By"));
+        assign(w, 3, QStringLiteral("Important Date"));
+        press(w, "CommandImport");
+    });
+    EXPECT_EQ(lastMessage().text, summary(5) + QStringLiteral("\r\nValues not read as dates: 1"));
+    const auto date = [](const char* name) { return listings(QString::fromLatin1(name)).value(0)["anniversary"].toDate(); };
+    EXPECT_EQ(date("Anna Adler"), QDate(1985, 3, 14));
+    EXPECT_EQ(date("Ben Berg"), QDate(1985, 4, 3));
+    EXPECT_EQ(date("Carl Clausen"), QDate(2026, 6, 21)) << "a date without a year takes this year";
+    EXPECT_EQ(date("Dora Dietz"), QDate());
+    EXPECT_EQ(date("Emil Eck"), QDate());
+    EXPECT_EQ(roofCount(), 5);
+
+    DB.execute(QStringLiteral("delete from Roof"));
+    const QString undecided = writeFile(QStringLiteral("undecided.csv"), "Fay,Fox,03/04/1985\n");
+    importFile(undecided, [&](FormCommaDelimitedImport& w) {
+        choose(w, "ComboDateOrder", QStringLiteral("Month-Day-Year"));
+        assign(w, 1, QStringLiteral("First Name"));
+        assign(w, 2, QStringLiteral("Last Name"));
+        assign(w, 2, QStringLiteral("List By"));
+        assign(w, 3, QStringLiteral("Important Date"));
+        press(w, "CommandImport");
+    });
+    EXPECT_EQ(date("Fay Fox"), QDate(1985, 3, 4));
+    EXPECT_EQ(lastMessage().text, summary(1));
+}
