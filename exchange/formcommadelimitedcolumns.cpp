@@ -1,6 +1,7 @@
 #include "exchange/csvtablemodel.h"
 #include "exchange/formcolumnselect.h"
 #include "exchange/formcommadelimitedimport.h"
+#include "exchange/knownheaders.h"
 
 #include "core/errors.h"
 #include "core/session.h"
@@ -8,6 +9,7 @@
 #include "platform/ui/twips.h"
 #include "platform/ui/windowservice.h"
 
+#include <QCheckBox>
 #include <QHeaderView>
 #include <QTreeView>
 
@@ -32,6 +34,26 @@ void FormCommaDelimitedImport::RefreshColumnNames()
     }
     model_->setHeaderTexts(texts);
     autoSizeColumns();
+}
+
+// Every column free; where the first row is a header row the program knows, its columns assigned as it
+// says and that row skipped.
+void FormCommaDelimitedImport::startAssignments()
+{
+    ColumnNames = QVector<QString>(model_->columnCount() + 1, Unassigned);
+    ColumnNames[0].clear();
+    ListByColumn = 0;
+    if (model_->rowCount() > 0) {
+        if (const auto known = knownheaders::assignmentOf(model_->rows().front())) {
+            for (int c = 0; c < known->fields.size(); ++c) {
+                if (!known->fields[c].isEmpty())
+                    ColumnNames[c + 1] = known->fields[c];
+            }
+            ListByColumn = qint16(known->listBy + 1);
+            CheckSkip1stRow->setChecked(true);
+        }
+    }
+    RefreshColumnNames();
 }
 
 // Each column as wide as its head and its cells, never narrower than the first width of a head.

@@ -59,16 +59,8 @@ void FormCommaDelimitedImport::formLoad()
     fillTypes();
     showChoice();
     guessDateOrder();
-    clearAssignments();
+    startAssignments();
     ui::windows().setBusy(false);
-}
-
-void FormCommaDelimitedImport::clearAssignments()
-{
-    ColumnNames = QVector<QString>(model_->columnCount() + 1, Unassigned);
-    ColumnNames[0].clear();
-    ListByColumn = 0;
-    RefreshColumnNames();
 }
 
 // The file is read where it lies, so that a file in a read-only folder imports too. A file that is no

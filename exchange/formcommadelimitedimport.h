@@ -52,7 +52,7 @@ private:
     void showChoice();
     void guessDateOrder();
     importdates::Order dateOrder() const;
-    void clearAssignments();
+    void startAssignments();
     void rereadSource();
     void fillTypes();
     void autoSizeColumns();

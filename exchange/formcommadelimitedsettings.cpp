@@ -48,7 +48,7 @@ void FormCommaDelimitedImport::rereadSource()
     if (model_->columnCount() == columns) {
         RefreshColumnNames();
     } else {
-        clearAssignments();
+        startAssignments();
         guessDateOrder();
     }
 }

@@ -43,15 +43,18 @@ TEST_F(CommaDelimitedSettingsTest, ASemicolonFileWithACommaInEveryLineSplitsAtSe
         EXPECT_EQ(combo(w, "ComboEncoding")->currentText(), QStringLiteral("UTF-8"));
         EXPECT_EQ(rows(w)->model()->columnCount(), 4);
         keepPicture(&w, QStringLiteral("comma-delimited-semicolons"));
-        assignNames(w);
+        const QStringList known{QStringLiteral("Click to Assign"), QStringLiteral("Last Name (Listby)"),
+                                QStringLiteral("Address1"), QStringLiteral("City")};
+        EXPECT_EQ(heads(w), known) << "German headings, one the program does not know";
         choose(w, "ComboDelimiter", QStringLiteral("Comma"));
         EXPECT_EQ(rows(w)->model()->columnCount(), 2) << "the rows are shown again at once";
         EXPECT_EQ(cell(w, 1, 0), QString::fromUtf8("Chloé;Düring;Lindenallee 4"));
         EXPECT_EQ(heads(w), QStringList(2, QStringLiteral("Click to Assign"))) << "other columns, no assignments";
         choose(w, "ComboDelimiter", QStringLiteral("Semicolon"));
         EXPECT_EQ(cell(w, 1, 2), QStringLiteral("Lindenallee 4, Hinterhaus"));
-        assignNames(w);
-        tickSkipFirstRow(w);
+        EXPECT_EQ(heads(w), known);
+        EXPECT_TRUE(control<QCheckBox>(w, QStringLiteral("CheckSkip1stRow"))->isChecked());
+        assign(w, 1, QStringLiteral("First Name"));
         press(w, "CommandImport");
     });
     EXPECT_EQ(lastMessage().text, summary(1));
@@ -74,8 +77,9 @@ TEST_F(CommaDelimitedSettingsTest, ASpreadsheetsUnicodeTextImportsAndAnEncodingT
         EXPECT_TRUE(lastMessage().text.startsWith(QStringLiteral("The file is not a comma delimited text file")));
         EXPECT_EQ(combo(w, "ComboEncoding")->currentText(), QStringLiteral("UTF-16")) << "the choice that reads stays";
         EXPECT_EQ(cell(w, 1, 3), QString::fromUtf8("München"));
-        assignNames(w);
-        tickSkipFirstRow(w);
+        EXPECT_EQ(heads(w), (QStringList{QStringLiteral("First Name"), QStringLiteral("Last Name (Listby)"),
+                                         QStringLiteral("Address1"), QStringLiteral("City")}))
+            << "German headings are known too";
         press(w, "CommandImport");
     });
     EXPECT_EQ(lastMessage().text, summary(1));
