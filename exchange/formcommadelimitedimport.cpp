@@ -114,6 +114,7 @@ void FormCommaDelimitedImport::CommandImport_Click()
     int firstColumn = 0, middleColumn = 0, lastColumn = 0;
     if (!readyToImport(firstColumn, middleColumn, lastColumn))
         return;
+    rememberAssignments();
     ui::windows().setBusy(true);
     StandardHandler(QStringLiteral("CommandImport_Click")).run([&] { importRows(firstColumn, middleColumn, lastColumn); });
     finish();

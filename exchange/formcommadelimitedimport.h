@@ -53,6 +53,7 @@ private:
     void guessDateOrder();
     importdates::Order dateOrder() const;
     void startAssignments();
+    void rememberAssignments();
     void rereadSource();
     void fillTypes();
     void autoSizeColumns();

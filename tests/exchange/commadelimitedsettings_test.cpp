@@ -141,3 +141,31 @@ TEST_F(CommaDelimitedSettingsTest, DatesReadInTheOrderTheFileShowsOrTheUserChoos
     EXPECT_EQ(date("Fay Fox"), QDate(1985, 3, 4));
     EXPECT_EQ(lastMessage().text, summary(1));
 }
+
+// The assignment made for one file comes back for the next file with the same header row, and only for it.
+TEST_F(CommaDelimitedSettingsTest, AnAssignmentIsRememberedForTheNextFileWithTheSameHeaderRow)
+{
+    const QByteArray header = "Kunde,Zusatz,Wohnort,Durchwahl\n";
+    importFile(writeFile(QStringLiteral("march.csv"), header + "Adler,Hof 2,Bonn,0228 1\n"), [&](FormCommaDelimitedImport& w) {
+        EXPECT_EQ(heads(w), QStringList(4, QStringLiteral("Click to Assign")));
+        assign(w, 1, QStringLiteral("Last Name"));
+        assign(w, 1, QStringLiteral("List By"));
+        assign(w, 3, QStringLiteral("City"));
+        assign(w, 4, QStringLiteral("Phone"));
+        tickSkipFirstRow(w);
+        press(w, "CommandImport");
+    });
+    const QStringList remembered{QStringLiteral("Last Name (Listby)"), QStringLiteral("Click to Assign"),
+                                 QStringLiteral("City"), QStringLiteral("Phone")};
+    importFile(writeFile(QStringLiteral("april.csv"), header + "Berg,,Köln,0221 2\n"), [&](FormCommaDelimitedImport& w) {
+        EXPECT_EQ(heads(w), remembered);
+        EXPECT_TRUE(control<QCheckBox>(w, QStringLiteral("CheckSkip1stRow"))->isChecked());
+        press(w, "CommandImport");
+    });
+    EXPECT_EQ(lastMessage().text, summary(1));
+    EXPECT_EQ(listings(QStringLiteral("Berg")).value(0)["phone"].toString(), QStringLiteral("0221 2"));
+    importFile(writeFile(QStringLiteral("other.csv"), "Kunde,Zusatz,Ort,Durchwahl\nCarl,,Ulm,1\n"), [&](FormCommaDelimitedImport& w) {
+        EXPECT_NE(heads(w), remembered) << "another header row";
+        press(w, "CommandCancel");
+    });
+}
