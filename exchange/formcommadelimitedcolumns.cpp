@@ -119,6 +119,11 @@ QStringList FormCommaDelimitedImport::freeFields() const
             offered << field.name;
         }
     }
+    // An individual's fields make each row also an individual of its listing.
+    for (const char* name : {"Birth Date", "Work", "Work Phone", "Individual Email"}) {
+        if (!excluded.contains(QLatin1String(name)))
+            offered << QString::fromLatin1(name);
+    }
     return offered;
 }
 

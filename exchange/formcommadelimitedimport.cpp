@@ -7,6 +7,7 @@
 #include "exchange/csvreader.h"
 #include "exchange/csvtablemodel.h"
 #include "exchange/formimport.h"
+#include "exchange/households.h"
 #include "exchange/importdriver.h"
 #include "exchange/importwindows.h"
 #include "platform/ui/windowservice.h"
@@ -36,6 +37,20 @@ QString* recordField(ImportRoofRecord& record, const QString& columnName)
     for (const auto& [name, member] : fields) {
         if (lowered == QLatin1String(name))
             return &(record.*member);
+    }
+    return nullptr;
+}
+
+// Where a column assigned to an individual's field goes.
+QString* personField(ImportPersonRecord& person, const QString& columnName)
+{
+    static const std::pair<const char*, QString ImportPersonRecord::*> fields[] = {
+        {"birth date", &ImportPersonRecord::BirthDate}, {"work", &ImportPersonRecord::Work},
+        {"work phone", &ImportPersonRecord::WorkPhone}, {"individual email", &ImportPersonRecord::Email}};
+    const QString lowered = columnName.toLower();
+    for (const auto& [name, member] : fields) {
+        if (lowered == QLatin1String(name))
+            return &(person.*member);
     }
     return nullptr;
 }
@@ -154,30 +169,59 @@ bool FormCommaDelimitedImport::readyToImport(int& firstColumn, int& middleColumn
     return true;
 }
 
-void FormCommaDelimitedImport::importRows(int firstColumn, int middleColumn, int lastColumn)
+// The record of one row. Where columns go to an individual's fields, the row is also an individual of
+// its listing, named by the first and last name columns.
+ImportRoofRecord FormCommaDelimitedImport::rowRecord(int row, int firstColumn, int middleColumn, int lastColumn) const
 {
     ImportRoofRecord record;
+    record.DateOrder = dateOrder();
+    const QString fullName = BuildFullName(row, firstColumn, middleColumn, lastColumn);
+    record.SortName = ListByColumn == 0 ? fullName : ColumnData(row, ListByColumn);
+    if (record.SortName.trimmed().isEmpty())
+        record.SortName = fullName;
+    record.RoofName = fullName;
+    record.RoofType = ComboCategory->currentData().toInt();
+    ImportPersonRecord person;
+    bool individual = false;
+    for (int i = 1; i < ColumnNames.size(); ++i) {
+        if (QString* field = recordField(record, ColumnNames[i]))
+            *field = ColumnData(row, i);
+        if (QString* field = personField(person, ColumnNames[i])) {
+            *field = ColumnData(row, i);
+            individual = true;
+        }
+    }
+    if (individual) {
+        person.FirstName = ColumnData(row, firstColumn);
+        person.LastName = ColumnData(row, lastColumn);
+        record.Persons << person;
+    }
+    return record;
+}
+
+bool FormCommaDelimitedImport::assignsIndividuals() const
+{
+    ImportPersonRecord person;
+    return std::any_of(ColumnNames.begin() + 1, ColumnNames.end(),
+                       [&person](const QString& name) { return personField(person, name) != nullptr; });
+}
+
+void FormCommaDelimitedImport::importRows(int firstColumn, int middleColumn, int lastColumn)
+{
     ImportOption option;
     ImportCounters counters;
-    record.DateOrder = dateOrder();
     const int total = model_->rowCount();
+    QVector<households::Row> rows;
     for (int row = 1; row <= total; ++row) {
+        if (!(CheckSkip1stRow->isChecked() && row == 1))
+            rows.push_back({row, rowRecord(row, firstColumn, middleColumn, lastColumn)});
+    }
+    if (assignsIndividuals())
+        rows = households::merged(rows);
+    for (households::Row& row : rows) {
         // The yield lets the progress window's cancel button be pressed.
         QCoreApplication::processEvents();
-        if (CheckSkip1stRow->isChecked() && row == 1)
-            continue;
-        const QString fullName = BuildFullName(row, firstColumn, middleColumn, lastColumn);
-        record.clearText();
-        record.SortName = ListByColumn == 0 ? fullName : ColumnData(row, ListByColumn);
-        if (record.SortName.trimmed().isEmpty())
-            record.SortName = fullName;
-        record.RoofName = fullName;
-        record.RoofType = ComboCategory->currentData().toInt();
-        for (int i = 1; i < ColumnNames.size(); ++i) {
-            if (QString* field = recordField(record, ColumnNames[i]))
-                *field = ColumnData(row, i);
-        }
-        ImportHBRecord(record, option, counters, row, total);
+        ImportHBRecord(row.record, option, counters, row.number, total);
         if (option == QLatin1String("Cancel"))
             break;
     }

@@ -3,6 +3,7 @@
 #include "core/forms.h"
 #include "exchange/csvreader.h"
 #include "exchange/importdates.h"
+#include "exchange/importdriver.h"
 
 #include <QVector>
 
@@ -61,6 +62,8 @@ private:
     void assignColumn(int column, int selected, const QString& text);
     bool readyToImport(int& firstColumn, int& middleColumn, int& lastColumn);
     void importRows(int firstColumn, int middleColumn, int lastColumn);
+    ImportRoofRecord rowRecord(int row, int firstColumn, int middleColumn, int lastColumn) const;
+    bool assignsIndividuals() const;
     void finish();
 
     QLabel *LabelSourceFile, *Label1, *LabelAssignData, *Label2;

@@ -1,5 +1,6 @@
 #include "exchange/importdates.h"
 
+#include "platform/clock.h"
 #include "platform/dates.h"
 
 #include <QRegularExpression>
@@ -132,6 +133,21 @@ Reading readDate(const QString& text, Order order, const QDate& today)
             return {Kind::Date, *date};
     }
     return {Kind::NotADate, {}};
+}
+
+std::optional<QDateTime> importedDate(const QString& text, std::optional<Order> order, bool& unread)
+{
+    const QString trimmed = text.trimmed();
+    if (order) {
+        const Reading reading = readDate(trimmed, *order, clock::today());
+        unread = reading.kind == Kind::NotADate;
+        if (reading.kind == Kind::Date)
+            return reading.date.startOfDay();
+        return std::nullopt;
+    }
+    const std::optional<QDateTime> date = dates::toDateTime(trimmed);
+    unread = !date && !trimmed.isEmpty();
+    return date;
 }
 
 } // namespace hb::importdates

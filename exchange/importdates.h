@@ -4,9 +4,12 @@
 // "03/14/1985", "1985-03-14", Google's year-less "--03-14", and Outlook's "0/0/00" for none. Widget-free.
 
 #include <QDate>
+#include <QDateTime>
 #include <QLocale>
 #include <QStringList>
 #include <QVector>
+
+#include <optional>
 
 namespace hb::importdates {
 
@@ -32,5 +35,9 @@ struct Reading {
 // A date without a year takes the year of today, as a typed one does; all its numbers zero is no date.
 // A date whose first number has four digits is read year first whatever the order.
 Reading readDate(const QString& text, Order order, const QDate& today);
+
+// A date of an import: in the reader's order when it has one, else as a typed date reads. unread is set
+// when there is text but no date.
+std::optional<QDateTime> importedDate(const QString& text, std::optional<Order> order, bool& unread);
 
 } // namespace hb::importdates

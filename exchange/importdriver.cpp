@@ -5,14 +5,14 @@
 #include "core/schema.h"
 #include "core/session.h"
 #include "exchange/fieldfit.h"
+#include "exchange/importlog.h"
 #include "exchange/importwindows.h"
-#include "platform/clock.h"
-#include "platform/dates.h"
 #include "platform/ui/windowservice.h"
 
-#include <QLoggingCategory>
 
 namespace hb {
+
+Q_LOGGING_CATEGORY(importLog, "hb.import")
 
 bool ImportCancelled = false;
 qint32 ImportTypeNumber = 0;
@@ -22,13 +22,12 @@ void ImportRoofRecord::clearText()
     for (QString* field : {&SortName, &RoofName, &Address1, &Address2, &City, &State, &Zip, &Country, &Phone, &Cell,
                            &Fax, &Email, &Anniversary, &Notes})
         field->clear();
+    Persons.clear();
 }
 
 namespace {
 
 const QString Location = QStringLiteral("ImportHBRecord");
-
-Q_LOGGING_CATEGORY(importLog, "hb.import")
 
 enum class Path { Skip, Add, Replace };
 
@@ -95,22 +94,6 @@ QStringList fitRecord(ImportRoofRecord& record)
     return cut;
 }
 
-// The anniversary as a date, in the reader's order if it has one; unread when there is text but no date.
-std::optional<QDateTime> anniversaryOf(const ImportRoofRecord& record, bool& unread)
-{
-    const QString text = record.Anniversary.trimmed();
-    if (record.DateOrder) {
-        const importdates::Reading reading = importdates::readDate(text, *record.DateOrder, clock::today());
-        unread = reading.kind == importdates::Kind::NotADate;
-        if (reading.kind == importdates::Kind::Date)
-            return reading.date.startOfDay();
-        return std::nullopt;
-    }
-    const std::optional<QDateTime> date = dates::toDateTime(text);
-    unread = !date && !text.isEmpty();
-    return date;
-}
-
 // Gives true when the anniversary is text that is no date.
 bool setFields(Recordset& roof, const ImportRoofRecord& record)
 {
@@ -118,33 +101,10 @@ bool setFields(Recordset& roof, const ImportRoofRecord& record)
         roof.setValue(QString::fromLatin1(name), (record.*member).trimmed());
     bool unread = false;
     // An unreadable date leaves the old one standing on a replaced row.
-    if (const auto date = anniversaryOf(record, unread))
+    if (const auto date = importdates::importedDate(record.Anniversary, record.DateOrder, unread))
         roof.setValue(QStringLiteral("Anniversary"), *date);
     roof.setValue(QStringLiteral("RoofType"), record.RoofType);
     return unread;
-}
-
-// The fields of an individual copied from a Homebook source, in the order they are written.
-const char* const PersonFields[] = {"FirstName", "LastName", "work", "WorkPhone", "Birthdate", "BirthMonthNumber",
-                                    "BirthDayNumber", "Email", "Notes"};
-
-// A source row's values, texts cut to the fields of the main database; counts those cut.
-QVector<QVariant> personValues(const Recordset& source, int& cut)
-{
-    QVector<QVariant> values;
-    for (const char* field : PersonFields) {
-        QVariant value = source.value(QString::fromLatin1(field));
-        if (value.typeId() == QMetaType::QString) {
-            QString text = value.toString();
-            if (fitToField(text, QStringLiteral("Person"), QString::fromLatin1(field))) {
-                qCDebug(importLog) << "Value shortened to fit:" << field << "of an individual:" << text;
-                ++cut;
-            }
-            value = text;
-        }
-        values << value;
-    }
-    return values;
 }
 
 } // namespace
@@ -176,6 +136,10 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
     handler.run([&] {
         if (way.path == Path::Replace) {
             roof.edit();
+            // Individuals of the record go to the listing they came with; a Homebook source's keep the
+            // number the last add left, on purpose.
+            if (!record.Persons.isEmpty())
+                record.RoofNumber = roof.value(QStringLiteral("RoofNumber")).toInt();
         } else {
             roof.addNew();
             roof.setValue(QStringLiteral("RoofNumber"), GetNextRoofNumber());
@@ -198,43 +162,9 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
     }
     if (way.counter)
         ++(counters.*way.counter);
-    if (importwindows::homebookSource())
-        handler.run([&] { counters.Shortened += ImportHBPersons(record); });
+    if (importwindows::homebookSource() || !record.Persons.isEmpty())
+        handler.run([&] { ImportHBPersons(record, counters); });
     ++counters.Imported;
-}
-
-// A person's duplicate is the same listing with the same first and last name; it is overwritten without
-// a question. The number is the main database's, as the last add left it, on purpose.
-int ImportHBPersons(const ImportRoofRecord& record)
-{
-    int cut = 0;
-    const QString number = NumText(record.RoofNumber);
-    Recordset source = ImportDB.openRecordset(QStringLiteral("Select * from Person where RoofNumber =") + number);
-    if (!source.eof())
-        source.moveFirst();
-    for (; !source.eof(); source.moveNext()) {
-        const QVector<QVariant> values = personValues(source, cut);
-        SQL = QStringLiteral("Select * from Person where RoofNumber =") + number + QStringLiteral(" and FirstName = ")
-            + QStringLiteral(" '") + DoubleQuotes(NullToText(values[0])) + QStringLiteral("'")
-            + QStringLiteral(" and LastName = ") + QStringLiteral("'") + DoubleQuotes(NullToText(values[1]))
-            + QStringLiteral("'");
-        Recordset target = DB.openRecordset(SQL);
-        if (!target.eof()) {
-            target.edit();
-        } else {
-            target.addNew();
-            target.setValue(QStringLiteral("RoofNumber"), record.RoofNumber);
-            target.setValue(QStringLiteral("personnumber"), GetNextPersonNumber());
-            target.setValue(QStringLiteral("personlisted"), false);
-            target.setValue(QStringLiteral("personselected"), false);
-        }
-        for (int i = 0; i < values.size(); ++i)
-            target.setValue(QString::fromLatin1(PersonFields[i]), values[i]);
-        target.update();
-        target.close();
-    }
-    source.close();
-    return cut;
 }
 
 QString ImportSummaryText(const ImportCounters& counters)

@@ -38,7 +38,9 @@ TEST_F(CommaDelimitedTest, AContactsExportWithAHeaderRowImportsFieldByField)
         EXPECT_TRUE(control<QCheckBox>(w, QStringLiteral("CheckSkip1stRow"))->isChecked());
         assign(w, 5, QStringLiteral("Phone"));
         EXPECT_EQ(offered, (QStringList{QStringLiteral("(Not Assigned)"), QStringLiteral("List By"), QStringLiteral("Address2"),
-                                        QStringLiteral("Country"), QStringLiteral("Phone"), QStringLiteral("Fax")}));
+                                        QStringLiteral("Country"), QStringLiteral("Phone"), QStringLiteral("Fax"),
+                                        QStringLiteral("Birth Date"), QStringLiteral("Work"), QStringLiteral("Work Phone"),
+                                        QStringLiteral("Individual Email")}));
         QTest::keyClick(control<QComboBox>(w, QStringLiteral("ComboCategory")), Qt::Key_Down);
         keepPicture(&w, QStringLiteral("comma-delimited"));
         press(w, "CommandImport");
