@@ -82,13 +82,20 @@ const std::pair<const char*, QString ImportRoofRecord::*> RoofTexts[] = {
 // written. Gives the fields cut.
 QStringList fitRecord(ImportRoofRecord& record)
 {
+    static const QStringList lowered = [] {
+        QStringList names;
+        for (const auto& text : RoofTexts)
+            names << QString::fromLatin1(text.first).toLower();
+        return names;
+    }();
+    const FieldLimits& limits = fieldLimits(QStringLiteral("Roof"));
     QStringList cut;
-    for (const auto& [name, member] : RoofTexts) {
-        QString& value = record.*member;
+    for (qsizetype i = 0; i < lowered.size(); ++i) {
+        QString& value = record.*RoofTexts[i].second;
         QString fitted = value;
-        if (fitToField(fitted, QStringLiteral("Roof"), QString::fromLatin1(name))) {
+        if (fitToLimit(fitted, limits.value(lowered[i]))) {
             value = fitted;
-            cut << QString::fromLatin1(name);
+            cut << QString::fromLatin1(RoofTexts[i].first);
         }
     }
     return cut;
