@@ -19,8 +19,9 @@ namespace hb {
 class CsvTableModel;
 
 // "Comma Delimited Import": the whole file in a list whose column heads assign the columns to the fields
-// of a listing, then the rows imported one by one. The file name comes in FormImport's Tag; a finished
-// import leaves "complete" there.
+// of a listing (or of an individual), then the rows imported one by one. The delimiter, the encoding and
+// the order of the dates are found from the file and may be changed; a known or remembered header row
+// comes assigned. The file name comes in FormImport's Tag; a finished import leaves "complete" there.
 class FormCommaDelimitedImport : public Form {
     Q_OBJECT
 public:
