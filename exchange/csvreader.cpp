@@ -2,7 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QStringDecoder>
+#include <QMap>
 
 #include <csv.h>
 
@@ -31,25 +31,89 @@ bool looksBinary(const QByteArray& bytes)
     return controls * 20 > length;
 }
 
-bool isUtf8(const QByteArray& bytes)
-{
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder.decode(bytes);
-    return !decoder.hasError();
-}
-
 int onlySpace(unsigned char c) { return c == ' ' ? 1 : 0; }
 
+void initParser(csv_parser& parser, char delimiter)
+{
+    csv_init(&parser, 0);
+    csv_set_delim(&parser, static_cast<unsigned char>(delimiter));
+    csv_set_space_func(&parser, onlySpace);
+}
+
+// The cells of each row counted, nothing decoded: enough to judge a delimiter.
+struct Count {
+    QVector<int> cells;
+    int row = 0;
+};
+
+void countCell(void*, size_t, void* state) { ++static_cast<Count*>(state)->row; }
+
+void countRowEnd(int, void* state)
+{
+    auto& count = *static_cast<Count*>(state);
+    count.cells << count.row;
+    count.row = 0;
+}
+
+// How well a delimiter splits the rows: the number of columns most rows have, and how many have it.
+struct Fit {
+    int columns = 1;
+    int rows = 0;
+    int total = 0;
+    qsizetype uses = 0;      // times the delimiter occurs
+    qsizetype spaced = 0;    // of those, followed by a blank, as a comma in "Last, First" is
+};
+
+Fit fitOf(const QByteArray& sample, char delimiter, bool cut)
+{
+    Count count;
+    csv_parser parser;
+    initParser(parser, delimiter);
+    csv_parse(&parser, sample.constData(), size_t(sample.size()), countCell, countRowEnd, &count);
+    csv_fini(&parser, countCell, countRowEnd, &count);
+    csv_free(&parser);
+    // A sample cut short ends in a partial row.
+    if (cut && count.cells.size() > 1)
+        count.cells.removeLast();
+    QMap<int, int> rowsOf;
+    for (const int cells : count.cells)
+        ++rowsOf[cells];
+    Fit fit;
+    fit.total = int(count.cells.size());
+    fit.uses = sample.count(delimiter);
+    fit.spaced = sample.count(QByteArray(1, delimiter) + ' ');
+    for (auto it = rowsOf.cbegin(); it != rowsOf.cend(); ++it) {
+        if (it.value() >= fit.rows) {
+            fit.columns = it.key();
+            fit.rows = it.value();
+        }
+    }
+    return fit;
+}
+
+// The steadier split wins (the larger share of rows with the common count); between equally steady ones,
+// the one with more columns, as a delimiter inside cells ("Last, First") splits fewer ways; then the one
+// less often followed by a blank, as written text puts one after a comma and a program after none; then
+// the earlier in the list.
+bool fitsBetter(const Fit& a, const Fit& b)
+{
+    const qint64 left = qint64(a.rows) * b.total, right = qint64(b.rows) * a.total;
+    if (left != right)
+        return left > right;
+    if (a.columns != b.columns)
+        return a.columns > b.columns;
+    return qint64(a.spaced) * b.uses < qint64(b.spaced) * a.uses;
+}
+
 struct Parse {
-    bool windows1252 = false;
+    Encoding encoding = Encoding::Utf8;
     QVector<QStringList> rows;
     QStringList row;
     Failure failure = Failure::None;
 
     QString decode(const char* data, size_t length) const
     {
-        const QByteArray bytes = QByteArray::fromRawData(data, qsizetype(length));
-        return windows1252 ? fromWindows1252(bytes) : QString::fromUtf8(bytes);
+        return cellText(QByteArray::fromRawData(data, qsizetype(length)), encoding);
     }
 };
 
@@ -78,14 +142,12 @@ void onRowEnd(int, void* state)
 }
 
 // Parses the whole text with one delimiter; stops early once the text cannot be a table of names.
-Parse parseWith(const QByteArray& bytes, char delimiter, bool windows1252)
+Parse parseWith(const QByteArray& bytes, char delimiter, Encoding encoding)
 {
     Parse parse;
-    parse.windows1252 = windows1252;
+    parse.encoding = encoding;
     csv_parser parser;
-    csv_init(&parser, 0);
-    csv_set_delim(&parser, static_cast<unsigned char>(delimiter));
-    csv_set_space_func(&parser, onlySpace);
+    initParser(parser, delimiter);
     for (qsizetype at = 0; at < bytes.size() && parse.failure == Failure::None; at += ChunkLength) {
         const qsizetype length = std::min(ChunkLength, bytes.size() - at);
         csv_parse(&parser, bytes.constData() + at, size_t(length), onCell, onRowEnd, &parse);
@@ -112,61 +174,47 @@ int widest(const QVector<QStringList>& rows)
     return columns;
 }
 
-// Semicolons (as spreadsheets write in many countries) or tabs stand in for commas only when commas do not
-// split every row and they do.
-bool splitsEveryRow(const Parse& parse)
-{
-    return parse.failure == Failure::None && !parse.rows.isEmpty()
-        && std::all_of(parse.rows.begin(), parse.rows.end(), [](const QStringList& row) { return row.size() > 1; });
-}
-
 } // namespace
 
-QString fromWindows1252(const QByteArray& bytes)
+QStringList delimiterNames()
 {
-    // 0x80 to 0x9F are where Windows-1252 differs from Latin-1; 0 marks its five unused codes.
-    static const char16_t high[32] = {0x20AC, 0, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0, 0x017D, 0,
-                                      0, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0, 0x017E, 0x0178};
-    QString text(bytes.size(), Qt::Uninitialized);
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        const auto c = static_cast<unsigned char>(bytes[i]);
-        const char16_t mapped = (c >= 0x80 && c < 0xA0) ? high[c - 0x80] : char16_t(c);
-        text[i] = QChar(mapped ? mapped : char16_t(0xFFFD));
-    }
-    return text;
+    return {QStringLiteral("Comma"), QStringLiteral("Semicolon"), QStringLiteral("Tab"), QStringLiteral("Pipe")};
 }
 
-ReadResult readText(const QByteArray& input)
+char guessDelimiter(const QByteArray& text)
+{
+    const bool cut = text.size() > SniffLength;
+    const QByteArray sample = cut ? text.left(SniffLength) : text;
+    char best = ',';
+    Fit bestFit;
+    for (const char delimiter : Delimiters) {
+        const Fit fit = fitOf(sample, delimiter, cut);
+        if (fit.columns > 1 && (bestFit.columns < 2 || fitsBetter(fit, bestFit))) {
+            best = delimiter;
+            bestFit = fit;
+        }
+    }
+    return best;
+}
+
+ReadResult readText(const QByteArray& input, const Choice& choice)
 {
     ReadResult result;
-    QByteArray bytes = input;
-    if (bytes.startsWith("\xEF\xBB\xBF"))
-        bytes.remove(0, 3);
+    // UTF-16 is made UTF-8 first: its NUL bytes would otherwise pass for binary content.
+    const Encoding encoding = choice.encoding.value_or(guessEncoding(input));
+    const QByteArray bytes = parsableBytes(input, encoding);
     if (looksBinary(bytes)) {
         result.failure = Failure::NotText;
         return result;
     }
-    const bool windows1252 = !isUtf8(bytes);
-    Parse parse = parseWith(bytes, ',', windows1252);
-    char delimiter = ',';
-    if (parse.failure == Failure::None && !splitsEveryRow(parse)) {
-        for (const char other : {';', '\t'}) {
-            Parse retry = parseWith(bytes, other, windows1252);
-            if (splitsEveryRow(retry)) {
-                parse = std::move(retry);
-                delimiter = other;
-                break;
-            }
-        }
-    }
+    const char delimiter = choice.delimiter ? choice.delimiter : guessDelimiter(bytes);
+    Parse parse = parseWith(bytes, delimiter, encoding);
     result.failure = parse.failure;
     if (!result.ok())
         return result;
     result.table.columnCount = widest(parse.rows);
     result.table.delimiter = delimiter;
-    result.table.windows1252 = windows1252;
+    result.table.encoding = encoding;
     for (QStringList& row : parse.rows) {
         while (row.size() < result.table.columnCount)
             row << QString();
@@ -175,7 +223,7 @@ ReadResult readText(const QByteArray& input)
     return result;
 }
 
-ReadResult readFile(const QString& path)
+ReadResult readFile(const QString& path, const Choice& choice)
 {
     ReadResult result;
     const QFileInfo info(path);
@@ -188,7 +236,7 @@ ReadResult readFile(const QString& path)
         result.failure = Failure::Unreadable;
         return result;
     }
-    return readText(file.readAll());
+    return readText(file.readAll(), choice);
 }
 
 QString failureMessage(Failure failure)

@@ -14,6 +14,7 @@ public:
 
     void setRows(QVector<QStringList> rows, int columnCount);
     void setHeaderTexts(const QStringList& texts);
+    const QVector<QStringList>& rows() const { return rows_; }
     // One cell by 0-based row and column; empty outside the table.
     QString cell(int row, int column) const;
 

@@ -1,6 +1,8 @@
 #include "exchange/csvtablemodel.h"
 #include "exchange/formcolumnselect.h"
 #include "exchange/formcommadelimitedimport.h"
+#include "exchange/knownheaders.h"
+#include "exchange/rememberedcolumns.h"
 
 #include "core/errors.h"
 #include "core/session.h"
@@ -8,6 +10,7 @@
 #include "platform/ui/twips.h"
 #include "platform/ui/windowservice.h"
 
+#include <QCheckBox>
 #include <QHeaderView>
 #include <QTreeView>
 
@@ -32,6 +35,39 @@ void FormCommaDelimitedImport::RefreshColumnNames()
     }
     model_->setHeaderTexts(texts);
     autoSizeColumns();
+}
+
+// Every column free; where the first row is a header row the user has assigned before, or one the program
+// knows, its columns assigned so and that row skipped.
+void FormCommaDelimitedImport::startAssignments()
+{
+    ColumnNames = QVector<QString>(model_->columnCount() + 1, Unassigned);
+    ColumnNames[0].clear();
+    ListByColumn = 0;
+    const QStringList header = model_->rowCount() > 0 ? model_->rows().front() : QStringList();
+    if (const auto recalled = rememberedcolumns::recall(header)) {
+        for (int c = 0; c < recalled->names.size(); ++c)
+            ColumnNames[c + 1] = recalled->names[c];
+        ListByColumn = qint16(recalled->listBy);
+        CheckSkip1stRow->setChecked(true);
+    } else if (const auto known = knownheaders::assignmentOf(header)) {
+        for (int c = 0; c < known->fields.size(); ++c) {
+            if (!known->fields[c].isEmpty())
+                ColumnNames[c + 1] = known->fields[c];
+        }
+        ListByColumn = qint16(known->listBy + 1);
+        CheckSkip1stRow->setChecked(true);
+    }
+    RefreshColumnNames();
+}
+
+// A skipped first row is a header row: the next file with the same one comes assigned the same way.
+void FormCommaDelimitedImport::rememberAssignments()
+{
+    if (!CheckSkip1stRow->isChecked() || model_->rowCount() == 0)
+        return;
+    rememberedcolumns::remember(model_->rows().front(),
+                                {QStringList(ColumnNames.begin() + 1, ColumnNames.end()), ListByColumn});
 }
 
 // Each column as wide as its head and its cells, never narrower than the first width of a head.
@@ -82,6 +118,11 @@ QStringList FormCommaDelimitedImport::freeFields() const
         } else {
             offered << field.name;
         }
+    }
+    // An individual's fields make each row also an individual of its listing.
+    for (const char* name : {"Birth Date", "Work", "Work Phone", "Individual Email"}) {
+        if (!excluded.contains(QLatin1String(name)))
+            offered << QString::fromLatin1(name);
     }
     return offered;
 }

@@ -7,6 +7,7 @@
 #include "exchange/csvreader.h"
 #include "exchange/csvtablemodel.h"
 #include "exchange/formimport.h"
+#include "exchange/households.h"
 #include "exchange/importdriver.h"
 #include "exchange/importwindows.h"
 #include "platform/ui/windowservice.h"
@@ -40,6 +41,20 @@ QString* recordField(ImportRoofRecord& record, const QString& columnName)
     return nullptr;
 }
 
+// Where a column assigned to an individual's field goes.
+QString* personField(ImportPersonRecord& person, const QString& columnName)
+{
+    static const std::pair<const char*, QString ImportPersonRecord::*> fields[] = {
+        {"birth date", &ImportPersonRecord::BirthDate}, {"work", &ImportPersonRecord::Work},
+        {"work phone", &ImportPersonRecord::WorkPhone}, {"individual email", &ImportPersonRecord::Email}};
+    const QString lowered = columnName.toLower();
+    for (const auto& [name, member] : fields) {
+        if (lowered == QLatin1String(name))
+            return &(person.*member);
+    }
+    return nullptr;
+}
+
 } // namespace
 
 FormCommaDelimitedImport::FormCommaDelimitedImport() : Form(staticFormName(), false)
@@ -53,22 +68,21 @@ void FormCommaDelimitedImport::formLoad()
 {
     ui::windows().setBusy(true);
     QCoreApplication::processEvents();
-    const QString path = forms::get<FormImport>().Tag;
-    LabelSourceFile->setText(QStringLiteral("Source File: ") + path);
-    refused_ = !readSource(path);
+    path_ = forms::get<FormImport>().Tag;
+    LabelSourceFile->setText(QStringLiteral("Source File: ") + path_);
+    refused_ = !readSource({});
     fillTypes();
-    ColumnNames = QVector<QString>(model_->columnCount() + 1, Unassigned);
-    ColumnNames[0].clear();
-    ListByColumn = 0;
-    RefreshColumnNames();
+    showChoice();
+    guessDateOrder();
+    startAssignments();
     ui::windows().setBusy(false);
 }
 
 // The file is read where it lies, so that a file in a read-only folder imports too. A file that is no
 // table of names is refused before anything is shown or written.
-bool FormCommaDelimitedImport::readSource(const QString& path)
+bool FormCommaDelimitedImport::readSource(const csv::Choice& choice)
 {
-    csv::ReadResult result = csv::readFile(path);
+    csv::ReadResult result = csv::readFile(path_, choice);
     if (!result.ok()) {
         ui::windows().setBusy(false);
         const bool missing = result.failure == csv::Failure::Missing;
@@ -76,6 +90,7 @@ bool FormCommaDelimitedImport::readSource(const QString& path)
                    missing ? QStringLiteral("File Error") : QStringLiteral("Import Error"));
         return false;
     }
+    read_ = {result.table.delimiter, result.table.encoding};
     model_->setRows(std::move(result.table.rows), result.table.columnCount);
     return true;
 }
@@ -114,6 +129,7 @@ void FormCommaDelimitedImport::CommandImport_Click()
     int firstColumn = 0, middleColumn = 0, lastColumn = 0;
     if (!readyToImport(firstColumn, middleColumn, lastColumn))
         return;
+    rememberAssignments();
     ui::windows().setBusy(true);
     StandardHandler(QStringLiteral("CommandImport_Click")).run([&] { importRows(firstColumn, middleColumn, lastColumn); });
     finish();
@@ -153,29 +169,59 @@ bool FormCommaDelimitedImport::readyToImport(int& firstColumn, int& middleColumn
     return true;
 }
 
-void FormCommaDelimitedImport::importRows(int firstColumn, int middleColumn, int lastColumn)
+// The record of one row. Where columns go to an individual's fields, the row is also an individual of
+// its listing, named by the first and last name columns.
+ImportRoofRecord FormCommaDelimitedImport::rowRecord(int row, int firstColumn, int middleColumn, int lastColumn) const
 {
     ImportRoofRecord record;
+    record.DateOrder = dateOrder();
+    const QString fullName = BuildFullName(row, firstColumn, middleColumn, lastColumn);
+    record.SortName = ListByColumn == 0 ? fullName : ColumnData(row, ListByColumn);
+    if (record.SortName.trimmed().isEmpty())
+        record.SortName = fullName;
+    record.RoofName = fullName;
+    record.RoofType = ComboCategory->currentData().toInt();
+    ImportPersonRecord person;
+    bool individual = false;
+    for (int i = 1; i < ColumnNames.size(); ++i) {
+        if (QString* field = recordField(record, ColumnNames[i]))
+            *field = ColumnData(row, i);
+        if (QString* field = personField(person, ColumnNames[i])) {
+            *field = ColumnData(row, i);
+            individual = true;
+        }
+    }
+    if (individual) {
+        person.FirstName = ColumnData(row, firstColumn);
+        person.LastName = ColumnData(row, lastColumn);
+        record.Persons << person;
+    }
+    return record;
+}
+
+bool FormCommaDelimitedImport::assignsIndividuals() const
+{
+    ImportPersonRecord person;
+    return std::any_of(ColumnNames.begin() + 1, ColumnNames.end(),
+                       [&person](const QString& name) { return personField(person, name) != nullptr; });
+}
+
+void FormCommaDelimitedImport::importRows(int firstColumn, int middleColumn, int lastColumn)
+{
     ImportOption option;
     ImportCounters counters;
     const int total = model_->rowCount();
+    QVector<households::Row> rows;
     for (int row = 1; row <= total; ++row) {
+        if (!(CheckSkip1stRow->isChecked() && row == 1))
+            rows.push_back({row, rowRecord(row, firstColumn, middleColumn, lastColumn)});
+    }
+    if (assignsIndividuals())
+        rows = households::merged(rows);
+    for (households::Row& row : rows) {
         // The yield lets the progress window's cancel button be pressed.
         QCoreApplication::processEvents();
-        if (CheckSkip1stRow->isChecked() && row == 1)
-            continue;
-        const QString fullName = BuildFullName(row, firstColumn, middleColumn, lastColumn);
-        record.clearText();
-        record.SortName = ListByColumn == 0 ? fullName : ColumnData(row, ListByColumn);
-        if (record.SortName.trimmed().isEmpty())
-            record.SortName = fullName;
-        record.RoofName = fullName;
-        record.RoofType = ComboCategory->currentData().toInt();
-        for (int i = 1; i < ColumnNames.size(); ++i) {
-            if (QString* field = recordField(record, ColumnNames[i]))
-                *field = ColumnData(row, i);
-        }
-        ImportHBRecord(record, option, counters, row, total);
+        ImportHBRecord(row.record, option, counters, row.number, total);
         if (option == QLatin1String("Cancel"))
             break;
     }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "core/forms.h"
+#include "exchange/csvreader.h"
+#include "exchange/importdates.h"
+#include "exchange/importdriver.h"
 
 #include <QVector>
 
@@ -16,8 +19,9 @@ namespace hb {
 class CsvTableModel;
 
 // "Comma Delimited Import": the whole file in a list whose column heads assign the columns to the fields
-// of a listing, then the rows imported one by one. The file name comes in FormImport's Tag; a finished
-// import leaves "complete" there.
+// of a listing (or of an individual), then the rows imported one by one. The delimiter, the encoding and
+// the order of the dates are found from the file and may be changed; a known or remembered header row
+// comes assigned. The file name comes in FormImport's Tag; a finished import leaves "complete" there.
 class FormCommaDelimitedImport : public Form {
     Q_OBJECT
 public:
@@ -37,19 +41,30 @@ public:
     void RefreshColumnNames();
 
     void ListView1_ColumnClick(int column);
+    // A delimiter or an encoding chosen: the file read again with both choices and shown at once.
+    void ComboDelimiter_Click();
+    void ComboEncoding_Click();
     void CommandImport_Click();
     void CommandCancel_Click();
     void CommandHelp_Click();
 
 private:
     void buildControls();
-    bool readSource(const QString& path);
+    bool readSource(const csv::Choice& choice);
+    void showChoice();
+    void guessDateOrder();
+    importdates::Order dateOrder() const;
+    void startAssignments();
+    void rememberAssignments();
+    void rereadSource();
     void fillTypes();
     void autoSizeColumns();
     QStringList freeFields() const;
     void assignColumn(int column, int selected, const QString& text);
     bool readyToImport(int& firstColumn, int& middleColumn, int& lastColumn);
     void importRows(int firstColumn, int middleColumn, int lastColumn);
+    ImportRoofRecord rowRecord(int row, int firstColumn, int middleColumn, int lastColumn) const;
+    bool assignsIndividuals() const;
     void finish();
 
     QLabel *LabelSourceFile, *Label1, *LabelAssignData, *Label2;
@@ -57,9 +72,13 @@ private:
     CsvTableModel* model_;
     QGroupBox* Frame1;
     QComboBox* ComboCategory;
+    QLabel *LabelDelimiter, *LabelEncoding, *LabelDateOrder;
+    QComboBox *ComboDelimiter, *ComboEncoding, *ComboDateOrder;
     QCheckBox* CheckSkip1stRow;
     QPushButton *CommandImport, *CommandCancel, *CommandHelp;
     bool refused_ = false;
+    QString path_;
+    csv::Choice read_;   // the delimiter and encoding of the rows shown
 };
 
 } // namespace hb

@@ -111,9 +111,10 @@ void FormImport::CommandBrowse_Click()
     QString start = text.isEmpty() ? AppPath : text;
     if (!text.isEmpty() && !IsDirectoryThere(text))
         start = SplitPath(text, QStringLiteral("dir"));
-    // The source's own filter comes first, so that it is the one in force.
+    // All Files heads the list; the source's own filter is the one in force.
     const QString chosen = ui::windows().openFileName(QStringLiteral("Browse for Files"), start,
-                                                      filters.value(source) + QStringLiteral(";;All Files (*)"));
+                                                      QStringLiteral("All Files (*);;") + filters.value(source),
+                                                      filters.value(source));
     if (chosen.isEmpty())
         return;
     TextFileLocation->setText(QDir::toNativeSeparators(chosen));

@@ -4,11 +4,15 @@
 #include "core/misc.h"
 #include "core/schema.h"
 #include "core/session.h"
+#include "exchange/fieldfit.h"
+#include "exchange/importlog.h"
 #include "exchange/importwindows.h"
-#include "platform/dates.h"
 #include "platform/ui/windowservice.h"
 
+
 namespace hb {
+
+Q_LOGGING_CATEGORY(importLog, "hb.import")
 
 bool ImportCancelled = false;
 qint32 ImportTypeNumber = 0;
@@ -18,6 +22,7 @@ void ImportRoofRecord::clearText()
     for (QString* field : {&SortName, &RoofName, &Address1, &Address2, &City, &State, &Zip, &Country, &Phone, &Cell,
                            &Fax, &Email, &Anniversary, &Notes})
         field->clear();
+    Persons.clear();
 }
 
 namespace {
@@ -26,23 +31,23 @@ const QString Location = QStringLiteral("ImportHBRecord");
 
 enum class Path { Skip, Add, Replace };
 
+// The way a record goes, and the counter it adds to once its row is written (none for a plain add).
+struct Way {
+    Path path = Path::Add;
+    qint32 ImportCounters::*counter = nullptr;
+};
+
 // The standing answer or, without one, the user's answer for this duplicate. The counts are uneven on
 // purpose: only duplicates added under the standing "add all" count as added duplicates, while both
-// replace answers count as replaced at once.
-Path duplicatePath(const ImportRoofRecord& record, ImportOption& option, ImportCounters& counters)
+// replace answers count as replaced.
+Way duplicateWay(const ImportRoofRecord& record, ImportOption& option)
 {
-    if (option == QLatin1String("SkipAllDuplicates")) {
-        ++counters.Skipped;
-        return Path::Skip;
-    }
-    if (option == QLatin1String("ReplaceAllDuplicates")) {
-        ++counters.Replaced;
-        return Path::Replace;
-    }
-    if (option == QLatin1String("AddAllDuplicates")) {
-        ++counters.DuplicatesAdded;
-        return Path::Add;
-    }
+    if (option == QLatin1String("SkipAllDuplicates"))
+        return {Path::Skip, &ImportCounters::Skipped};
+    if (option == QLatin1String("ReplaceAllDuplicates"))
+        return {Path::Replace, &ImportCounters::Replaced};
+    if (option == QLatin1String("AddAllDuplicates"))
+        return {Path::Add, &ImportCounters::DuplicatesAdded};
     const QString answer = importwindows::askAboutDuplicate(
         QStringLiteral("An existing record has been found for ") + record.RoofName
         + QStringLiteral("\r\n\r\nYou may skip the record or add an additional entry with the same name."));
@@ -51,36 +56,62 @@ Path duplicatePath(const ImportRoofRecord& record, ImportOption& option, ImportC
     if (answer == QLatin1String("replace") || answer == QLatin1String("replaceall")) {
         if (answer == QLatin1String("replaceall"))
             option = QStringLiteral("ReplaceAllDuplicates");
-        ++counters.Replaced;
-        return Path::Replace;
+        return {Path::Replace, &ImportCounters::Replaced};
     }
     if (answer == QLatin1String("skip") || answer == QLatin1String("skipall")) {
         if (answer == QLatin1String("skipall"))
             option = QStringLiteral("SkipAllDuplicates");
-        ++counters.Skipped;
-        return Path::Skip;
+        return {Path::Skip, &ImportCounters::Skipped};
     }
     // The record in hand is still added before the reader stops.
     if (answer == QLatin1String("cancelimport"))
         option = QStringLiteral("Cancel");
-    return Path::Add;
+    return {};
 }
 
-void setFields(Recordset& roof, const ImportRoofRecord& record)
+const std::pair<const char*, QString ImportRoofRecord::*> RoofTexts[] = {
+    {"RoofName", &ImportRoofRecord::RoofName}, {"SortName", &ImportRoofRecord::SortName},
+    {"Address1", &ImportRoofRecord::Address1}, {"Address2", &ImportRoofRecord::Address2},
+    {"City", &ImportRoofRecord::City},         {"State", &ImportRoofRecord::State},
+    {"Zip", &ImportRoofRecord::Zip},           {"Email", &ImportRoofRecord::Email},
+    {"Phone", &ImportRoofRecord::Phone},       {"Cell", &ImportRoofRecord::Cell},
+    {"Country", &ImportRoofRecord::Country},   {"Notes", &ImportRoofRecord::Notes},
+    {"Fax", &ImportRoofRecord::Fax}};
+
+// Cuts what is longer than its field, before the duplicate test, so that the name tested is the name
+// written. Gives the fields cut.
+QStringList fitRecord(ImportRoofRecord& record)
 {
-    const std::pair<const char*, const QString*> texts[] = {
-        {"RoofName", &record.RoofName}, {"SortName", &record.SortName}, {"Address1", &record.Address1},
-        {"Address2", &record.Address2}, {"City", &record.City},         {"State", &record.State},
-        {"Zip", &record.Zip},           {"Email", &record.Email},       {"Phone", &record.Phone},
-        {"Cell", &record.Cell},         {"Country", &record.Country}};
-    for (const auto& [name, value] : texts)
-        roof.setValue(QString::fromLatin1(name), value->trimmed());
+    static const QStringList lowered = [] {
+        QStringList names;
+        for (const auto& text : RoofTexts)
+            names << QString::fromLatin1(text.first).toLower();
+        return names;
+    }();
+    const FieldLimits& limits = fieldLimits(QStringLiteral("Roof"));
+    QStringList cut;
+    for (qsizetype i = 0; i < lowered.size(); ++i) {
+        QString& value = record.*RoofTexts[i].second;
+        QString fitted = value;
+        if (fitToLimit(fitted, limits.value(lowered[i]))) {
+            value = fitted;
+            cut << QString::fromLatin1(RoofTexts[i].first);
+        }
+    }
+    return cut;
+}
+
+// Gives true when the anniversary is text that is no date.
+bool setFields(Recordset& roof, const ImportRoofRecord& record)
+{
+    for (const auto& [name, member] : RoofTexts)
+        roof.setValue(QString::fromLatin1(name), (record.*member).trimmed());
+    bool unread = false;
     // An unreadable date leaves the old one standing on a replaced row.
-    if (const auto date = dates::toDateTime(record.Anniversary.trimmed()))
+    if (const auto date = importdates::importedDate(record.Anniversary, record.DateOrder, unread))
         roof.setValue(QStringLiteral("Anniversary"), *date);
-    roof.setValue(QStringLiteral("Notes"), record.Notes.trimmed());
-    roof.setValue(QStringLiteral("Fax"), record.Fax.trimmed());
     roof.setValue(QStringLiteral("RoofType"), record.RoofType);
+    return unread;
 }
 
 } // namespace
@@ -95,64 +126,52 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
         option = QStringLiteral("Cancel");
         return;
     }
+    const QStringList cut = fitRecord(record);
     Recordset roof;
     handler.run([&] {
         SQL = QStringLiteral("select * from roof where roofname = '") + DoubleQuotes(record.RoofName)
             + QStringLiteral("'");
         roof = DB.openRecordset(SQL);
     });
-    Path path = Path::Add;
+    Way way;
     if (roof.isOpen() && !roof.eof())
-        path = duplicatePath(record, option, counters);
-    if (path == Path::Skip)
+        way = duplicateWay(record, option);
+    if (way.path == Path::Skip) {
+        ++(counters.*way.counter);
         return;
+    }
     handler.run([&] {
-        if (path == Path::Replace) {
+        if (way.path == Path::Replace) {
             roof.edit();
+            // Individuals of the record go to the listing they came with; a Homebook source's keep the
+            // number the last add left, on purpose.
+            if (!record.Persons.isEmpty())
+                record.RoofNumber = roof.value(QStringLiteral("RoofNumber")).toInt();
         } else {
             roof.addNew();
             roof.setValue(QStringLiteral("RoofNumber"), GetNextRoofNumber());
             record.RoofNumber = roof.value(QStringLiteral("RoofNumber")).toInt();
         }
     });
-    handler.run([&] { setFields(roof, record); });
-    handler.run([&] { roof.update(); });
+    bool unreadDate = false;
+    handler.run([&] { unreadDate = setFields(roof, record); });
+    // A row that the user let go after a failure is not counted: the counts are what was written.
+    const bool written = handler.run([&] { roof.update(); });
     roof.close();
-    if (importwindows::homebookSource())
-        handler.run([&] { ImportHBPersons(record); });
-    ++counters.Imported;
-}
-
-// A person's duplicate is the same listing with the same first and last name; it is overwritten without
-// a question. The number is the main database's, as the last add left it, on purpose.
-void ImportHBPersons(const ImportRoofRecord& record)
-{
-    const QString number = NumText(record.RoofNumber);
-    Recordset source = ImportDB.openRecordset(QStringLiteral("Select * from Person where RoofNumber =") + number);
-    if (!source.eof())
-        source.moveFirst();
-    for (; !source.eof(); source.moveNext()) {
-        SQL = QStringLiteral("Select * from Person where RoofNumber =") + number + QStringLiteral(" and FirstName = ")
-            + QStringLiteral(" '") + DoubleQuotes(NullToText(source.value(QStringLiteral("FirstName"))))
-            + QStringLiteral("'") + QStringLiteral(" and LastName = ") + QStringLiteral("'")
-            + DoubleQuotes(NullToText(source.value(QStringLiteral("LastName")))) + QStringLiteral("'");
-        Recordset target = DB.openRecordset(SQL);
-        if (!target.eof()) {
-            target.edit();
-        } else {
-            target.addNew();
-            target.setValue(QStringLiteral("RoofNumber"), record.RoofNumber);
-            target.setValue(QStringLiteral("personnumber"), GetNextPersonNumber());
-            target.setValue(QStringLiteral("personlisted"), false);
-            target.setValue(QStringLiteral("personselected"), false);
-        }
-        for (const char* field : {"FirstName", "LastName", "work", "WorkPhone", "Birthdate", "BirthMonthNumber",
-                                  "BirthDayNumber", "Email", "Notes"})
-            target.setValue(QString::fromLatin1(field), source.value(QString::fromLatin1(field)));
-        target.update();
-        target.close();
+    if (!written)
+        return;
+    for (const QString& field : cut)
+        qCDebug(importLog) << "Value shortened to fit:" << field << "of" << record.RoofName;
+    counters.Shortened += qint32(cut.size());
+    if (unreadDate) {
+        qCDebug(importLog) << "Not a date:" << record.Anniversary << "of" << record.RoofName;
+        ++counters.NotDates;
     }
-    source.close();
+    if (way.counter)
+        ++(counters.*way.counter);
+    if (importwindows::homebookSource() || !record.Persons.isEmpty())
+        handler.run([&] { ImportHBPersons(record, counters); });
+    ++counters.Imported;
 }
 
 QString ImportSummaryText(const ImportCounters& counters)
@@ -162,7 +181,9 @@ QString ImportSummaryText(const ImportCounters& counters)
         .arg(counters.Imported)
         .arg(counters.Skipped)
         .arg(counters.Replaced)
-        .arg(counters.DuplicatesAdded);
+        .arg(counters.DuplicatesAdded)
+        + (counters.Shortened > 0 ? QStringLiteral("\r\nValues shortened to fit: %1").arg(counters.Shortened) : QString())
+        + (counters.NotDates > 0 ? QStringLiteral("\r\nValues not read as dates: %1").arg(counters.NotDates) : QString());
 }
 
 void ShowImportSummary(const ImportCounters& counters)

@@ -4,9 +4,20 @@
 // answer that a reader keeps across its rows. No widgets here: the windows of an import are reached
 // through importwindows.h, so that any reader can call this.
 
+#include "exchange/importdates.h"
+
 #include <QString>
+#include <QVector>
+
+#include <optional>
 
 namespace hb {
+
+// An individual of a listing, as a reader finds it beside the listing.
+struct ImportPersonRecord {
+    QString FirstName, LastName, Work, WorkPhone, Email;
+    QString BirthDate;       // a date as text, read as the listing's dates are
+};
 
 // What a reader fills for one source row.
 struct ImportRoofRecord {
@@ -17,8 +28,12 @@ struct ImportRoofRecord {
     QString Phone, Cell, Fax, Email;
     QString Anniversary;     // a date as text; written only when it reads as one
     QString Notes;
+    // The order the reader's dates are in; without one, they read as a typed date does.
+    std::optional<importdates::Order> DateOrder;
+    // Individuals the reader found with the listing; a Homebook source brings its own through ImportDB.
+    QVector<ImportPersonRecord> Persons;
 
-    // Every text field emptied; the numbers stay.
+    // Every text field and individual emptied; the numbers stay.
     void clearText();
 };
 
@@ -27,6 +42,8 @@ struct ImportCounters {
     qint32 DuplicatesAdded = 0;
     qint32 Skipped = 0;
     qint32 Replaced = 0;
+    qint32 Shortened = 0;   // values cut to the length of their field
+    qint32 NotDates = 0;    // dates that did not read as dates, so were not written
 };
 
 // The standing answer of an import: "", "SkipAllDuplicates", "ReplaceAllDuplicates", "AddAllDuplicates",
@@ -40,10 +57,12 @@ extern qint32 ImportTypeNumber;    // the address type chosen in the import wind
 // answer, adds or overwrites the listing and counts. The reader leaves its loop when option is "Cancel".
 void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounters& counters, qint32 index,
                     qint32 total);
-// Copies the individuals that the open source database (ImportDB) files under record.RoofNumber.
-void ImportHBPersons(const ImportRoofRecord& record);
+// Copies the individuals of the record, or, where it has none, those that the open source database
+// (ImportDB) files under record.RoofNumber. Values cut to fit and dates not read are counted.
+void ImportHBPersons(const ImportRoofRecord& record, ImportCounters& counters);
 
-// "Import Finished Successfully." with the four counts, as every reader ends.
+// "Import Finished Successfully." with the four counts, as every reader ends, and the values shortened
+// to fit and the values not read as dates when there were any.
 QString ImportSummaryText(const ImportCounters& counters);
 void ShowImportSummary(const ImportCounters& counters);
 

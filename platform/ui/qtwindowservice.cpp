@@ -77,9 +77,11 @@ void QtWindowService::showModal(QWidget& window)
         loop.processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-QString QtWindowService::openFileName(const QString& caption, const QString& directory, const QString& filter)
+QString QtWindowService::openFileName(const QString& caption, const QString& directory, const QString& filter,
+                                      const QString& selectedFilter)
 {
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), caption, directory, filter);
+    QString selected = selectedFilter;
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), caption, directory, filter, &selected);
 }
 
 QString QtWindowService::saveFileName(const QString& caption, const QString& directory, const QString& filter)

@@ -9,7 +9,8 @@ class QtWindowService : public WindowService {
 public:
     int message(const QString& text, int style, const QString& title) override;
     void showModal(QWidget& window) override;
-    QString openFileName(const QString& caption, const QString& directory, const QString& filter) override;
+    QString openFileName(const QString& caption, const QString& directory, const QString& filter,
+                         const QString& selectedFilter) override;
     QString saveFileName(const QString& caption, const QString& directory, const QString& filter) override;
     QString directory(const QString& caption, const QString& start) override;
     bool chooseFont(QFont& font) override;

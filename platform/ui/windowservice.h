@@ -31,7 +31,9 @@ public:
     virtual int message(const QString& text, int style, const QString& title) = 0;
     // Shows a window modally and returns when it is hidden or closed.
     virtual void showModal(QWidget& window) = 0;
-    virtual QString openFileName(const QString& caption, const QString& directory, const QString& filter) = 0;
+    // filter: Qt's list of filters apart by ";;"; selectedFilter, one of them, is the one in force.
+    virtual QString openFileName(const QString& caption, const QString& directory, const QString& filter,
+                                 const QString& selectedFilter) = 0;
     virtual QString saveFileName(const QString& caption, const QString& directory, const QString& filter) = 0;
     virtual QString directory(const QString& caption, const QString& start) = 0;
     // False when the user cancelled; the font is left as it came in then.

@@ -3,17 +3,12 @@
 #include "addressbook/frmaddressbook.h"
 #include "exchange/formimportprogress.h"
 
-#include <QCheckBox>
 #include <QTimer>
 
 using namespace hb;
 
 class CommaDelimitedTest : public ImportWindowFixture {
 protected:
-    static void tickSkipFirstRow(QWidget& w)
-    {
-        QTest::keyClick(control<QCheckBox>(w, QStringLiteral("CheckSkip1stRow")), Qt::Key_Space);
-    }
     static QVariantMap only(const QString& name)
     {
         const auto rows = listings(name);
@@ -34,19 +29,19 @@ TEST_F(CommaDelimitedTest, AContactsExportWithAHeaderRowImportsFieldByField)
         EXPECT_EQ(w.windowTitle(), QStringLiteral("Comma Delimited Import"));
         EXPECT_EQ(control<QLabel>(w, QStringLiteral("LabelSourceFile"))->text(), QStringLiteral("Source File: ") + path);
         EXPECT_EQ(rows(w)->model()->rowCount(), 3);
-        EXPECT_EQ(heads(w), QStringList(12, QStringLiteral("Click to Assign")));
-        const QStringList fields{QStringLiteral("First Name"), QStringLiteral("Middle Name"), QStringLiteral("Last Name"),
-                                 QStringLiteral("Email"),      QStringLiteral("Phone"),       QStringLiteral("Cell"),
-                                 QStringLiteral("Address1"),   QStringLiteral("City"),        QStringLiteral("State"),
-                                 QStringLiteral("Zip"),        QStringLiteral("Important Date"), QStringLiteral("Notes")};
-        for (int i = 0; i < fields.size(); ++i)
-            assign(w, i + 1, fields[i]);
-        assign(w, 3, QStringLiteral("List By"));
-        EXPECT_EQ(heads(w).at(2), QStringLiteral("Last Name (Listby)"));
-        EXPECT_EQ(offered, (QStringList{QStringLiteral("(Not Assigned)"), QStringLiteral("List By"),
-                                        QStringLiteral("Address2"), QStringLiteral("Country"), QStringLiteral("Fax")}));
+        // Outlook's headings: the columns come assigned, the last name also List By, the headings skipped.
+        EXPECT_EQ(heads(w), (QStringList{QStringLiteral("First Name"), QStringLiteral("Middle Name"),
+                                         QStringLiteral("Last Name (Listby)"), QStringLiteral("Email"),
+                                         QStringLiteral("Click to Assign"), QStringLiteral("Cell"),
+                                         QStringLiteral("Address1"), QStringLiteral("City"), QStringLiteral("State"),
+                                         QStringLiteral("Zip"), QStringLiteral("Important Date"), QStringLiteral("Notes")}));
+        EXPECT_TRUE(control<QCheckBox>(w, QStringLiteral("CheckSkip1stRow"))->isChecked());
+        assign(w, 5, QStringLiteral("Phone"));
+        EXPECT_EQ(offered, (QStringList{QStringLiteral("(Not Assigned)"), QStringLiteral("List By"), QStringLiteral("Address2"),
+                                        QStringLiteral("Country"), QStringLiteral("Phone"), QStringLiteral("Fax"),
+                                        QStringLiteral("Birth Date"), QStringLiteral("Work"), QStringLiteral("Work Phone"),
+                                        QStringLiteral("Individual Email")}));
         QTest::keyClick(control<QComboBox>(w, QStringLiteral("ComboCategory")), Qt::Key_Down);
-        tickSkipFirstRow(w);
         keepPicture(&w, QStringLiteral("comma-delimited"));
         press(w, "CommandImport");
     });
@@ -245,4 +240,21 @@ TEST_F(CommaDelimitedTest, AnEmptyFileHasNoColumnToAssign)
         press(w, "CommandCancel");
     });
     EXPECT_EQ(roofCount(), 0);
+}
+
+TEST_F(CommaDelimitedTest, ACityTooLongForItsFieldIsCutAndTheRowWritten)
+{
+    const QByteArray city = "Llanfairpwllgwyngyllgogerychwyrndrobwllllantysiliogogogoch";
+    ASSERT_EQ(city.size(), 58);
+    const QString path = writeFile(QStringLiteral("long.csv"), "Jones," + city + "\nSmith,Bangor\n");
+    importFile(path, [&](FormCommaDelimitedImport& w) {
+        assign(w, 1, QStringLiteral("Last Name"));
+        assign(w, 1, QStringLiteral("List By"));
+        assign(w, 2, QStringLiteral("City"));
+        press(w, "CommandImport");
+    });
+    EXPECT_EQ(lastMessage().text, summary(2) + QStringLiteral("\r\nValues shortened to fit: 1"));
+    EXPECT_EQ(roofCount(), 2);
+    EXPECT_EQ(only(QStringLiteral("Jones"))["city"].toString(), QString::fromLatin1(city.left(30)));
+    EXPECT_EQ(only(QStringLiteral("Smith"))["city"].toString(), QStringLiteral("Bangor"));
 }

@@ -74,3 +74,31 @@ TEST_F(FormImportTest, BrowsePutsTheChosenFileInPlaceAndRemembersItsFolder)
     });
     openImport();
 }
+
+TEST_F(FormImportTest, BrowseListsAllFilesFirstWithTheSourcesFilterInForce)
+{
+    const struct {
+        const char* option;
+        const char* filter;
+    } sources[] = {{"OptionImportCD", "Comma Delimited Files (*.txt *.csv)"},
+                   {"OptionImportBK", "Bracketeer Files (*.brk)"},
+                   {"OptionImportQuillon", "Quillon Files (*.mdb)"},
+                   {"OptionImportHomebook", "Homebook Files (*.mdb)"}};
+    dialogs().onModal([&](QWidget& w) {
+        for (const auto& s : sources) {
+            QTest::mouseClick(control<QRadioButton>(w, QString::fromLatin1(s.option)), Qt::LeftButton, {}, QPoint(6, 6));
+            dialogs().answerFile(QString());
+            press(w, "CommandBrowse");
+        }
+        press(w, "CommandCancel");
+    });
+    openImport();
+    const auto& shown = dialogs().openFileDialogs();
+    ASSERT_EQ(shown.size(), std::size(sources));
+    for (size_t i = 0; i < shown.size(); ++i) {
+        SCOPED_TRACE(sources[i].option);
+        EXPECT_EQ(shown[i].caption, QStringLiteral("Browse for Files"));
+        EXPECT_EQ(shown[i].filters, (QStringList{QStringLiteral("All Files (*)"), QString::fromLatin1(sources[i].filter)}));
+        EXPECT_EQ(shown[i].selectedFilter, QString::fromLatin1(sources[i].filter));
+    }
+}

@@ -200,6 +200,50 @@ TEST_F(ImportDriverTest, TheSummaryGivesTheFourCounts)
                                                  "Records Skipped: 2\r\nRecords Replaced: 1\r\nDuplicate Records Added: 4"));
 }
 
+// Every text field longer than it holds is cut to its length and the row written; the name tested for a
+// duplicate is the name written, so the same long name found again is a duplicate.
+TEST_F(ImportDriverTest, ValuesLongerThanTheirFieldsAreCutAndCounted)
+{
+    const struct {
+        QString ImportRoofRecord::*member;
+        const char* column;
+        int length;
+    } fields[] = {{&ImportRoofRecord::RoofName, "roofname", 50}, {&ImportRoofRecord::SortName, "sortname", 50},
+                  {&ImportRoofRecord::Address1, "address1", 50}, {&ImportRoofRecord::Address2, "address2", 50},
+                  {&ImportRoofRecord::City, "city", 30},         {&ImportRoofRecord::State, "state", 20},
+                  {&ImportRoofRecord::Zip, "zip", 20},           {&ImportRoofRecord::Country, "country", 40},
+                  {&ImportRoofRecord::Phone, "phone", 25},       {&ImportRoofRecord::Cell, "cell", 25},
+                  {&ImportRoofRecord::Fax, "fax", 25},           {&ImportRoofRecord::Email, "email", 50}};
+    ImportRoofRecord longOne;
+    for (const auto& f : fields)
+        longOne.*f.member = QStringLiteral(" %1 ").arg(QString(f.length, QLatin1Char('a')) + QStringLiteral("cut off"));
+    longOne.Notes = QString(5000, QLatin1Char('n'));
+    answerDuplicate("CommandReplace");
+    ImportOption option;
+    ImportCounters counters = importAll({record(QStringLiteral("Short")), longOne, longOne}, option);
+    EXPECT_EQ(countsText(counters, roofCount()), QStringLiteral("3 0 0 1 / 2"));
+    EXPECT_EQ(counters.Shortened, 24) << "twelve fields, twice";
+    const auto rows = listings(QString(50, QLatin1Char('a')));
+    ASSERT_EQ(rows.size(), 1);
+    for (const auto& f : fields)
+        EXPECT_EQ(rows[0][QString::fromLatin1(f.column)].toString(), QString(f.length, QLatin1Char('a'))) << f.column;
+    EXPECT_EQ(rows[0]["notes"].toString().size(), 5000) << "a memo has no length";
+    EXPECT_TRUE(ImportSummaryText(counters).endsWith(QStringLiteral("Duplicate Records Added: 0\r\nValues shortened to fit: 24")));
+}
+
+// A row the user lets go after a failure is not counted: here the book already holds the highest number.
+TEST_F(ImportDriverTest, ARowThatCouldNotBeWrittenIsNotCounted)
+{
+    addListing({32767, QStringLiteral("Last Number")});
+    for (int i = 0; i < 2; ++i)
+        dialogs().answer(ui::AnswerYes);
+    ImportOption option;
+    const ImportCounters counters = importAll({record(QStringLiteral("Smith"))}, option);
+    EXPECT_EQ(countsText(counters, roofCount()), QStringLiteral("0 0 0 0 / 1"));
+    EXPECT_EQ(ImportSummaryText(counters), QStringLiteral("Import Finished Successfully.\r\n\r\nRecords Imported: 0\r\n"
+                                                          "Records Skipped: 0\r\nRecords Replaced: 0\r\nDuplicate Records Added: 0"));
+}
+
 // The Homebook source: the individuals filed under the number the listing received come along, and one of
 // the same listing and the same first and last name is overwritten, not doubled.
 TEST_F(ImportDriverTest, AHomebookSourceBringsTheIndividualsOfTheListing)

@@ -7,6 +7,7 @@
 #include "platform/ui/listbox.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
@@ -89,6 +90,11 @@ protected:
             press(select, button);
         });
         clickHead(w, column);
+    }
+
+    static void tickSkipFirstRow(QWidget& w)
+    {
+        QTest::keyClick(control<QCheckBox>(w, QStringLiteral("CheckSkip1stRow")), Qt::Key_Space);
     }
 
     static QString summary(int imported, int skipped = 0, int replaced = 0, int added = 0)

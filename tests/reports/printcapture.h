@@ -45,7 +45,10 @@ private:
         explicit Proxy(PrintCapture& owner) : owner(owner) {}
         int message(const QString& t, int s, const QString& title) override { return behind->message(t, s, title); }
         void showModal(QWidget& w) override { behind->showModal(w); }
-        QString openFileName(const QString& c, const QString& d, const QString& f) override { return behind->openFileName(c, d, f); }
+        QString openFileName(const QString& c, const QString& d, const QString& f, const QString& s) override
+        {
+            return behind->openFileName(c, d, f, s);
+        }
         QString saveFileName(const QString& c, const QString& d, const QString& f) override { return behind->saveFileName(c, d, f); }
         QString directory(const QString& c, const QString& s) override { return behind->directory(c, s); }
         bool chooseFont(QFont& font) override { return behind->chooseFont(font); }

@@ -19,6 +19,7 @@ void ScriptedWindows::clearRecords()
     messages_.clear();
     modalNames_.clear();
     urls_.clear();
+    openDialogs_.clear();
 }
 
 int ScriptedWindows::message(const QString& text, int style, const QString& title)
@@ -64,8 +65,10 @@ QString ScriptedWindows::nextFile(const QString& what)
     return next;
 }
 
-QString ScriptedWindows::openFileName(const QString& caption, const QString&, const QString&)
+QString ScriptedWindows::openFileName(const QString& caption, const QString&, const QString& filter,
+                                     const QString& selectedFilter)
 {
+    openDialogs_.push_back({caption, filter.split(QStringLiteral(";;")), selectedFilter});
     return nextFile(caption);
 }
 

@@ -7,6 +7,13 @@
 #include <functional>
 #include <vector>
 
+// An open-file dialog as shown: its filters in their order and the one in force.
+struct ShownFileDialog {
+    QString caption;
+    QStringList filters;
+    QString selectedFilter;
+};
+
 struct ShownMessage {
     QString text;
     int style = 0;
@@ -31,6 +38,7 @@ public:
 
     const std::vector<ShownMessage>& messages() const { return messages_; }
     const QStringList& modalsShown() const { return modalNames_; }
+    const std::vector<ShownFileDialog>& openFileDialogs() const { return openDialogs_; }
     const QStringList& urlsOpened() const { return urls_; }
     QStringList problems() const;
     bool busy() const { return busy_; }
@@ -38,7 +46,8 @@ public:
 
     int message(const QString& text, int style, const QString& title) override;
     void showModal(QWidget& window) override;
-    QString openFileName(const QString& caption, const QString& directory, const QString& filter) override;
+    QString openFileName(const QString& caption, const QString& directory, const QString& filter,
+                         const QString& selectedFilter) override;
     QString saveFileName(const QString& caption, const QString& directory, const QString& filter) override;
     QString directory(const QString& caption, const QString& start) override;
     bool chooseFont(QFont& font) override;
@@ -58,6 +67,7 @@ private:
     std::deque<QString> files_;
     std::deque<PrinterScript> printers_;
     std::vector<ShownMessage> messages_;
+    std::vector<ShownFileDialog> openDialogs_;
     QStringList modalNames_;
     QStringList urls_;
     QStringList problems_;
