@@ -121,10 +121,12 @@ TEST(CsvReader, ReadsWithTheChosenDelimiterAndEncoding)
         while (!first.isEmpty() && first.back().isEmpty() && first.size() > c.firstRow.size())
             first.removeLast();
         EXPECT_EQ(first, c.firstRow);
-        if (c.choice.delimiter)
+        if (c.choice.delimiter) {
             EXPECT_EQ(result.table.delimiter, c.choice.delimiter);
-        if (c.choice.encoding)
+        }
+        if (c.choice.encoding) {
             EXPECT_EQ(result.table.encoding, *c.choice.encoding);
+        }
     }
     EXPECT_EQ(readText(utf16("a,b\n", QStringEncoder::Utf16LE, true), {0, Encoding::Utf8}).failure, Failure::NotText)
         << "UTF-16 read as UTF-8 is full of NULs";
