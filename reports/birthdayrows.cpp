@@ -65,7 +65,7 @@ std::optional<Entry> entryFor(const Recordset& person, int year, const QDateTime
     const std::optional<QString> age = ageText(birth, inYear, now);
     if (!age)
         return std::nullopt;
-    Entry entry{QString(), dayText(birth.day()), weekdayName(inYear), personName(person), *age};
+    Entry entry{QString(), dayText(inYear.day()), weekdayName(inYear), personName(person), *age};
     if (birth.month() != runningMonth) {
         runningMonth = birth.month();
         entry.month = MonthName(runningMonth);
@@ -83,7 +83,7 @@ QStringList gridFields()
 
 QDate dateInYear(int year, int month, int day)
 {
-    const QDate date(year, month, day);
+    const QDate date = dates::birthdayInYear(year, month, day);
     if (!date.isValid())
         throw RuntimeError(13, QStringLiteral("Type mismatch"));
     return date;
@@ -157,9 +157,6 @@ int computeRows(int year)
 {
     int runningMonth = 0;
     int persons = 0;
-    // Nothing reads today's day in the report year; making it fails as a birthday on 29 February does.
-    const QDate today = clock::today();
-    dateInYear(year, today.month(), today.day());
     Transaction transaction;
     ClearRptBirthday();
     BirthdayRS = DB.openRecordset(QStringLiteral("RptBirthday"));
