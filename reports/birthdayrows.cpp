@@ -5,6 +5,7 @@
 #include "core/misc.h"
 #include "core/session.h"
 #include "core/setup.h"
+#include "core/transaction.h"
 #include "platform/clock.h"
 #include "platform/dates.h"
 
@@ -13,30 +14,6 @@ namespace hb::birthday {
 namespace {
 
 const QString Blank = QStringLiteral(" ");
-
-// Row-by-row work in one transaction: one commit instead of one for each of tens of thousands of rows.
-// Work that fails leaves the tables as they were.
-class Transaction {
-public:
-    Transaction() { DB.execute(QStringLiteral("begin")); }
-    ~Transaction()
-    {
-        if (open_) {
-            try {
-                DB.execute(QStringLiteral("rollback"));
-            } catch (...) {
-            }
-        }
-    }
-    void commit()
-    {
-        DB.execute(QStringLiteral("commit"));
-        open_ = false;
-    }
-
-private:
-    bool open_ = true;
-};
 
 // The report's name of a person: the last name, or for want of one the List By name of the listing.
 QString personName(const Recordset& person)

@@ -146,6 +146,20 @@ TEST_F(FindTest, PartsOfNamesWithApostrophesAndAccentsAreFoundInAnyCase)
     EXPECT_EQ(forms::find(QStringLiteral("frmSearch")), nullptr);
 }
 
+TEST_F(FindTest, HitsWithAccentedNamesStandBesideTheirBaseLetters)
+{
+    int number = 0;
+    for (const char* name : {"Zimmer Hardware", "Paul Éluard", "Ödegaard", "Adams", "Émile Blanc"})
+        addListing({++number, QString::fromUtf8(name), QString(), 1, {{QStringLiteral("Notes"), QStringLiteral("supplier")}}});
+    QStringList hits;
+    ASSERT_TRUE(find([&](QWidget& s) {
+        search(s, QStringLiteral("supplier"), {"chkHouseholds", "chkNotes"});
+        hits = items(list(s, "lstFind"));
+        click(s, QStringLiteral("cmdClose"));
+    }));
+    EXPECT_EQ(hits, (QStringList{"Adams", "Émile Blanc", "Ödegaard", "Paul Éluard", "Zimmer Hardware"}));
+}
+
 TEST_F(FindTest, RefusalsComeInOrderWithTheFocusOnTheBoxAtFault)
 {
     QStringList focus;

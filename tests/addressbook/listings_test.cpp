@@ -35,6 +35,16 @@ TEST_F(ListingsWindowTest, ListingsShowInListByOrderWithTheirSortNames)
     EXPECT_EQ(w.windowTitle(), QStringLiteral("Quillon Listings and Update"));
 }
 
+TEST_F(ListingsWindowTest, IndividualsWithAccentedNamesStandBesideTheirBaseLetters)
+{
+    addListing({1, QStringLiteral("Zimmer Hardware"), QString(), 1});
+    int number = 0;
+    for (const char* first : {"Zed", "Émile", "Ödön", "Eve", "Éluard", "Anna", "olaf"})
+        addPerson(1, ++number, QString::fromUtf8(first), QString());
+    FrmAddressBook& w = open();
+    EXPECT_EQ(items(list(w, "lstPersons")), (QStringList{"Anna", "Éluard", "Émile", "Eve", "Ödön", "olaf", "Zed"}));
+}
+
 TEST_F(ListingsWindowTest, TheSelectedListingShowsItsFieldsAndIndividuals)
 {
     addListing({1, QStringLiteral("Smith & Jones & Co"), QStringLiteral("Smith"), 2,
