@@ -19,6 +19,7 @@ void ScriptedWindows::clearRecords()
     messages_.clear();
     modalNames_.clear();
     urls_.clear();
+    printDialogPages_.clear();
 }
 
 int ScriptedWindows::message(const QString& text, int style, const QString& title)
@@ -89,7 +90,13 @@ bool ScriptedWindows::chooseFont(QFont& font)
     return accept;
 }
 
-bool ScriptedWindows::choosePrinter(QPrinter& printer)
+bool ScriptedWindows::choosePrinter(QPrinter& printer, int pageCount)
+{
+    printDialogPages_ << pageCount;
+    return runPrinterScript(printer);
+}
+
+bool ScriptedWindows::runPrinterScript(QPrinter& printer)
 {
     if (printers_.empty()) {
         problems_ << QStringLiteral("unanswered printer dialog");
@@ -100,7 +107,7 @@ bool ScriptedWindows::choosePrinter(QPrinter& printer)
     return script(printer);
 }
 
-bool ScriptedWindows::pageSetup(QPrinter& printer) { return choosePrinter(printer); }
+bool ScriptedWindows::pageSetup(QPrinter& printer) { return runPrinterScript(printer); }
 
 bool ScriptedWindows::openUrl(const QString& url)
 {

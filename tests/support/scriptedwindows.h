@@ -32,6 +32,8 @@ public:
     const std::vector<ShownMessage>& messages() const { return messages_; }
     const QStringList& modalsShown() const { return modalNames_; }
     const QStringList& urlsOpened() const { return urls_; }
+    // The page count each print dialog was given, 0 for one that only set the printer up.
+    const QList<int>& printDialogPages() const { return printDialogPages_; }
     QStringList problems() const;
     bool busy() const { return busy_; }
     void clearRecords();
@@ -42,7 +44,7 @@ public:
     QString saveFileName(const QString& caption, const QString& directory, const QString& filter) override;
     QString directory(const QString& caption, const QString& start) override;
     bool chooseFont(QFont& font) override;
-    bool choosePrinter(QPrinter& printer) override;
+    bool choosePrinter(QPrinter& printer, int pageCount) override;
     bool pageSetup(QPrinter& printer) override;
     bool openUrl(const QString& url) override;
     void setBusy(bool busy) override;
@@ -51,6 +53,7 @@ public:
 
 private:
     QString nextFile(const QString& what);
+    bool runPrinterScript(QPrinter& printer);
 
     std::deque<int> answers_;
     std::deque<ModalScript> modals_;
@@ -60,6 +63,7 @@ private:
     std::vector<ShownMessage> messages_;
     QStringList modalNames_;
     QStringList urls_;
+    QList<int> printDialogPages_;
     QStringList problems_;
     bool busy_ = false;
 };
