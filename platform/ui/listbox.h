@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QElapsedTimer>
 #include <QListView>
 #include <QVector>
 
@@ -56,6 +57,10 @@ public:
         ListBox* list_;
     };
 
+    // Type-ahead: the letters typed in quick succession move to the first item that starts with them,
+    // without regard to case or accents ("el" finds "Éluard"). A single-selection list selects it.
+    void keyboardSearch(const QString& search) override;
+
 signals:
     void click();
     void doubleClick();
@@ -73,6 +78,8 @@ private:
     int raising_ = 0;
     int filling_ = 0;
     int fillCurrent_ = -1;   // the current row inside a fill
+    QString typed_;
+    QElapsedTimer lastKey_;
 };
 
 } // namespace hb::ui

@@ -160,6 +160,21 @@ TEST_F(FindTest, HitsWithAccentedNamesStandBesideTheirBaseLetters)
     EXPECT_EQ(hits, (QStringList{"Adams", "Émile Blanc", "Ödegaard", "Paul Éluard", "Zimmer Hardware"}));
 }
 
+TEST_F(FindTest, TextWithoutAccentsFindsNamesWithThem)
+{
+    addFamily();
+    addListing({3, QStringLiteral("Paul Éluard"), QStringLiteral("Éluard"), 1});
+    QStringList hits;
+    ASSERT_TRUE(find([&](QWidget& s) {
+        search(s, QStringLiteral("eluard"), {"chkHouseholds", "chkName"});
+        hits << items(list(s, "lstFind"));
+        search(s, QStringLiteral("SEVERINE"), {"chkIndividuals"});
+        hits << items(list(s, "lstFind"));
+        click(s, QStringLiteral("cmdClose"));
+    }));
+    EXPECT_EQ(hits, (QStringList{"Éluard...Paul Éluard", "O'Neil...The O'Neil Family.......Séverine O'Neil"}));
+}
+
 TEST_F(FindTest, RefusalsComeInOrderWithTheFocusOnTheBoxAtFault)
 {
     QStringList focus;

@@ -1,5 +1,6 @@
 #include "platform/ui/listbox.h"
 
+#include <QApplication>
 #include <QAbstractItemModelTester>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -133,4 +134,30 @@ TEST(ListBoxTest, AFillRaisesNoClickAndShowsItsHighlightsCurrentRowAndNewIndexAt
     }
     qInstallMessageHandler(previous);
     EXPECT_EQ(modelWarnings, QStringList());
+}
+
+TEST(ListBoxTest, TypedLettersMoveToTheFirstItemStartingWithThemWithoutCaseOrAccents)
+{
+    for (const auto selection : {ListBox::Single, ListBox::Multi}) {
+        ListBox list(nullptr, true, selection);
+        for (const char* name : {"Zimmer Hardware", "Eve", "Éluard", "Adams", "Ödegaard", "Olsen"})
+            list.addItem(QString::fromUtf8(name));
+        list.resize(200, 200);
+        list.show();
+        int clicks = 0;
+        QObject::connect(&list, &ListBox::click, &list, [&] { ++clicks; });
+        QTest::keyClick(&list, Qt::Key_E);
+        EXPECT_EQ(list.list(list.currentIndex().row()), QStringLiteral("Éluard"));
+        QTest::keyClicks(&list, QStringLiteral("v"));
+        EXPECT_EQ(list.list(list.currentIndex().row()), QStringLiteral("Eve"));
+        QTest::qWait(QApplication::keyboardInputInterval() + 50);
+        QTest::keyClicks(&list, QStringLiteral("od"));
+        EXPECT_EQ(list.list(list.currentIndex().row()), QStringLiteral("Ödegaard"));
+        if (selection == ListBox::Single) {
+            EXPECT_EQ(list.listIndex(), list.currentIndex().row()) << "the item found is selected";
+            EXPECT_EQ(clicks, 3);
+        } else {
+            EXPECT_EQ(list.selectedCount(), 0) << "a multi-selection list keeps its highlights";
+        }
+    }
 }
