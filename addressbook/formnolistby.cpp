@@ -51,6 +51,8 @@ void FormNoListby::buildControls()
     place(CommandNo, 2880, 2100, 1200, 375);
 }
 
+void FormNoListby::formLoad() { CenterForm(*this); }
+
 void FormNoListby::CommandYes_Click() { answer(QStringLiteral("yes")); }
 
 void FormNoListby::CommandNo_Click() { answer(QStringLiteral("no")); }

@@ -18,6 +18,8 @@ public:
 
     QString Tag;   // "yes" or "no"
 
+    void formLoad() override;
+
 private:
     void buildControls();
     void CommandYes_Click();

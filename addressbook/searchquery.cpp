@@ -1,14 +1,17 @@
 #include "addressbook/searchquery.h"
 
+#include "core/misc.h"
+
 namespace hb {
 
 namespace {
 
 const QString NoName = QStringLiteral("zz69zwo6oz");
 
+// An apostrophe in the text is doubled, so that it is text in the literal and not its end.
 QString term(const char* literal, const QString& text)
 {
-    return QLatin1String(literal) + text + QStringLiteral("*'");
+    return QLatin1String(literal) + DoubleQuotes(text) + QStringLiteral("*'");
 }
 
 struct Term {

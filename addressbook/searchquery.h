@@ -11,7 +11,7 @@ struct SearchFields {
 };
 
 // The query texts of a find, built as the program has always built them: the text goes in between the
-// engine's "*" wildcards as it stands, and the terms follow each other without a blank, each later one
+// engine's "*" wildcards with its apostrophes doubled, and the terms follow each other without a blank, each later one
 // beginning with "or". The first term is always there; without the name box it looks for a text no name
 // holds, so that it finds nothing.
 QString ListingSearchSql(const QString& text, const SearchFields& fields);

@@ -38,6 +38,7 @@ FormRetAddr::FormRetAddr() : Form(staticFormName(), false)
 
 void FormRetAddr::formLoad()
 {
+    CenterForm(*this);
     QFont font = Text1->font();
     LoadFont(1, font);
     Text1->setFont(font);

@@ -72,19 +72,22 @@ void FrmLabels::lstTypes_Click()
     lstSelections->setVisible(false);
     setWaitPointer(true);
     lstLabels->clearList();
-    for (int t = 0; t < lstTypes->listCount(); ++t) {
-        if (!lstTypes->selected(t))
-            continue;
-        SQL = QStringLiteral("Select * from Roof where RoofType =") + NumText(lstTypes->itemData(t));
-        RoofRS = DB.openRecordset(SQL);
-        for (; !RoofRS.eof(); RoofRS.moveNext())
-            lstSelections->addItem(ListingText(RoofRS.value(QStringLiteral("SortName")), RoofRS.value(QStringLiteral("RoofName"))),
-                                   RoofRS.value(QStringLiteral("RoofNumber")).toInt());
-        RoofRS.close();
+    {
+        ui::ListBox::Filling filling(lstSelections);
+        for (int t = 0; t < lstTypes->listCount(); ++t) {
+            if (!lstTypes->selected(t))
+                continue;
+            SQL = QStringLiteral("Select * from Roof where RoofType =") + NumText(lstTypes->itemData(t));
+            RoofRS = DB.openRecordset(SQL);
+            for (; !RoofRS.eof(); RoofRS.moveNext())
+                lstSelections->addItem(ListingText(RoofRS.value(QStringLiteral("SortName")), RoofRS.value(QStringLiteral("RoofName"))),
+                                       RoofRS.value(QStringLiteral("RoofNumber")).toInt());
+            RoofRS.close();
+        }
+        lstSelections->setAllSelected(true);
+        if (lstSelections->listCount() > 0)
+            lstSelections->setListIndex(0);
     }
-    lstSelections->setAllSelected(true);
-    if (lstSelections->listCount() > 0)
-        lstSelections->setListIndex(0);
     NamesBusy = false;
     UpdateLabelList();
     lstSelections->setVisible(true);
@@ -103,17 +106,20 @@ void FrmLabels::UpdateLabelList()
     lstLabels->setVisible(false);
     setWaitPointer(true);
     QCoreApplication::processEvents();
-    int number = 0;
-    for (int i = 0; i < lstSelections->listCount(); ++i) {
-        // An item whose text begins with a blank carries no number of its own; the previous one serves.
-        if (!lstSelections->list(i).startsWith(QLatin1Char(' ')))
-            number = lstSelections->itemData(i);
-        if (lstSelections->selected(i))
-            makeLabel(number);
+    {
+        ui::ListBox::Filling filling(lstLabels);
+        int number = 0;
+        for (int i = 0; i < lstSelections->listCount(); ++i) {
+            // An item whose text begins with a blank carries no number of its own; the previous one serves.
+            if (!lstSelections->list(i).startsWith(QLatin1Char(' ')))
+                number = lstSelections->itemData(i);
+            if (lstSelections->selected(i))
+                makeLabel(number);
+        }
+        if (lstLabels->listCount() > 0)
+            lstLabels->setListIndex(0);
     }
     DisplayLabelCount();
-    if (lstLabels->listCount() > 0)
-        lstLabels->setListIndex(0);
     lstLabels->setVisible(true);
     setWaitPointer(false);
 }

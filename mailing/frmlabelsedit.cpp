@@ -35,9 +35,12 @@ void FrmLabels::cmdTypesClear_Click()
 void FrmLabels::cmdLabelsSelect_Click()
 {
     NamesBusy = true;
-    lstSelections->setAllSelected(true);
-    if (lstSelections->listCount() > 0)
-        lstSelections->setListIndex(0);
+    {
+        ui::ListBox::Filling filling(lstSelections);
+        lstSelections->setAllSelected(true);
+        if (lstSelections->listCount() > 0)
+            lstSelections->setListIndex(0);
+    }
     NamesBusy = false;
     UpdateLabelList();
 }
@@ -45,7 +48,10 @@ void FrmLabels::cmdLabelsSelect_Click()
 void FrmLabels::cmdLabelsClear_Click()
 {
     NamesBusy = true;
-    lstSelections->setAllSelected(false);
+    {
+        ui::ListBox::Filling filling(lstSelections);
+        lstSelections->setAllSelected(false);
+    }
     NamesBusy = false;
     lstLabels->clearList();
     DisplayLabelCount();

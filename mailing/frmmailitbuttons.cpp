@@ -137,7 +137,7 @@ void FrmMailIt::PrintItNow()
 void FrmMailIt::PageSetup()
 {
     QPrinter& printer = Printer();
-    ui::windows().choosePrinter(printer);
+    ui::windows().choosePrinter(printer, 0);
 }
 
 } // namespace hb

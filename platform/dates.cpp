@@ -490,4 +490,11 @@ int yearsBetween(const QDate& from, const QDate& to)
     return to.year() - from.year();
 }
 
+QDate birthdayInYear(int year, int month, int day)
+{
+    if (month == 2 && day == 29 && !QDate::isLeapYear(year))
+        return QDate(year, 2, 28);
+    return QDate(year, month, day);
+}
+
 }  // namespace hb::dates

@@ -28,4 +28,8 @@ QString shortDate(const QDateTime& dateTime);
 // to.year() - from.year(), whatever the days and months.
 int yearsBetween(const QDate& from, const QDate& to);
 
+// The day a birthday of `month` and `day` falls on in `year`: 29 February keeps its birthday on
+// 28 February in a common year. Invalid only for a month and day no year has.
+QDate birthdayInYear(int year, int month, int day);
+
 }  // namespace hb::dates

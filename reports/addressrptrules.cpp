@@ -190,7 +190,8 @@ QString TitleFormulaText(const QString& title)
 {
     const QString crlf = QStringLiteral("\r\n");
     return QStringLiteral("global ShowCountry as boolean") + crlf + QStringLiteral("global RptTitle as string") + crlf
-        + QStringLiteral("RptTitle = \"") + title + QLatin1Char('"') + crlf + QStringLiteral("ShowCountry = false")
+        + QStringLiteral("RptTitle = \"") + QString(title).replace(QLatin1Char('"'), QStringLiteral("\"\""))
+        + QLatin1Char('"') + crlf + QStringLiteral("ShowCountry = false")
         + crlf + QStringLiteral("formula = \"\"");
 }
 

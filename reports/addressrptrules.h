@@ -31,7 +31,8 @@ void ApplyFooterOptions(hb::report::ReportDefinition& report);
 // Options 200 to 203 in twips.
 void ApplyMargins(hb::report::ReportDefinition& report);
 
-// The title formula that hands the title to the report. A double quote in the title is not doubled.
+// The title formula that hands the title to the report; a double quote in the title is doubled, so that it
+// stays text.
 QString TitleFormulaText(const QString& title);
 
 } // namespace hb

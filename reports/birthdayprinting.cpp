@@ -16,7 +16,7 @@ namespace hb {
 // The system's print dialog first; a printer that cannot be opened is told, not fatal.
 void FrmBirthdayRpt::PrintReport()
 {
-    if (!ui::windows().choosePrinter(*printer_))
+    if (!ui::windows().choosePrinter(*printer_, grid::GridPrinter(*tdbBirthday).pageCount(*printer_)))
         return;
     if (!grid::GridPrinter(*tdbBirthday).print(*printer_))
         ui::msgBox(QStringLiteral("The report could not be printed."), MsgWarning, QStringLiteral("Print"));

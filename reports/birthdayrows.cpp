@@ -5,6 +5,7 @@
 #include "core/misc.h"
 #include "core/session.h"
 #include "core/setup.h"
+#include "core/transaction.h"
 #include "platform/clock.h"
 #include "platform/dates.h"
 
@@ -13,30 +14,6 @@ namespace hb::birthday {
 namespace {
 
 const QString Blank = QStringLiteral(" ");
-
-// Row-by-row work in one transaction: one commit instead of one for each of tens of thousands of rows.
-// Work that fails leaves the tables as they were.
-class Transaction {
-public:
-    Transaction() { DB.execute(QStringLiteral("begin")); }
-    ~Transaction()
-    {
-        if (open_) {
-            try {
-                DB.execute(QStringLiteral("rollback"));
-            } catch (...) {
-            }
-        }
-    }
-    void commit()
-    {
-        DB.execute(QStringLiteral("commit"));
-        open_ = false;
-    }
-
-private:
-    bool open_ = true;
-};
 
 // The report's name of a person: the last name, or for want of one the List By name of the listing.
 QString personName(const Recordset& person)
@@ -65,7 +42,7 @@ std::optional<Entry> entryFor(const Recordset& person, int year, const QDateTime
     const std::optional<QString> age = ageText(birth, inYear, now);
     if (!age)
         return std::nullopt;
-    Entry entry{QString(), dayText(birth.day()), weekdayName(inYear), personName(person), *age};
+    Entry entry{QString(), dayText(inYear.day()), weekdayName(inYear), personName(person), *age};
     if (birth.month() != runningMonth) {
         runningMonth = birth.month();
         entry.month = MonthName(runningMonth);
@@ -83,7 +60,7 @@ QStringList gridFields()
 
 QDate dateInYear(int year, int month, int day)
 {
-    const QDate date(year, month, day);
+    const QDate date = dates::birthdayInYear(year, month, day);
     if (!date.isValid())
         throw RuntimeError(13, QStringLiteral("Type mismatch"));
     return date;
@@ -157,9 +134,6 @@ int computeRows(int year)
 {
     int runningMonth = 0;
     int persons = 0;
-    // Nothing reads today's day in the report year; making it fails as a birthday on 29 February does.
-    const QDate today = clock::today();
-    dateInYear(year, today.month(), today.day());
     Transaction transaction;
     ClearRptBirthday();
     BirthdayRS = DB.openRecordset(QStringLiteral("RptBirthday"));

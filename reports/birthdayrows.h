@@ -24,8 +24,7 @@ struct Entry {
     QString age;
 };
 
-// A day of the report year. A day that the year does not have (29 February of a common year) fails with
-// RuntimeError 13, "Type mismatch", as the conversion of such a date does.
+// The day of a birthday in the report year: 29 February is reported on 28 February in a common year.
 QDate dateInYear(int year, int month, int day);
 
 // "1st", "2nd", "13th", "22nd".

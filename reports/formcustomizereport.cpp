@@ -67,6 +67,7 @@ int FormCustomizeReport::optionOffset() const { return CustomizeTarget == QLatin
 
 void FormCustomizeReport::formLoad()
 {
+    CenterForm(*this);
     const int d = optionOffset();
     for (int i = First; i <= Last; ++i)
         checkItem(i)->setChecked(int(GetNOption(i + d)) == 1);

@@ -66,6 +66,7 @@ void FormPageSetup::buildControls()
 
 void FormPageSetup::formLoad()
 {
+    CenterForm(*this);
     TextTopMargin->setText(QString::number(GetMargin(200)));
     TextBottomMargin->setText(QString::number(GetMargin(201)));
     TextLeftMargin->setText(QString::number(GetMargin(202)));

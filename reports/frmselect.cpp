@@ -4,6 +4,7 @@
 #include "core/misc.h"
 #include "core/options.h"
 #include "core/session.h"
+#include "core/transaction.h"
 #include "platform/ui/listbox.h"
 
 #include <QCoreApplication>
@@ -72,19 +73,22 @@ void FrmSelect::formLoad()
     }
     if (lstTypes->listCount() > 0)
         lstTypes->setListIndex(0);
-    if (listingMode()) {
-        optFirstName->setVisible(false);
-        optLastName->setVisible(false);
-        fillListingsOnLoad();
+    {
+        ui::ListBox::Filling filling(lstSelections);
+        if (listingMode()) {
+            optFirstName->setVisible(false);
+            optLastName->setVisible(false);
+            fillListingsOnLoad();
+        }
+        if (ReportType == QLatin1String("B")) {
+            OptionsLoading = true;
+            (FirstNameFirst ? optFirstName : optLastName)->setChecked(true);
+            OptionsLoading = false;
+            fillPersonsOnLoad();
+        }
+        if (lstSelections->listCount() > 0)
+            lstSelections->setListIndex(0);
     }
-    if (ReportType == QLatin1String("B")) {
-        OptionsLoading = true;
-        (FirstNameFirst ? optFirstName : optLastName)->setChecked(true);
-        OptionsLoading = false;
-        fillPersonsOnLoad();
-    }
-    if (lstSelections->listCount() > 0)
-        lstSelections->setListIndex(0);
     TypesLoading = false;
     txtReportTitle->setText(GetReportTitle());
     DisplayCount();
@@ -156,19 +160,22 @@ void FrmSelect::lstTypes_Click()
     NamesBusy = true;
     setWaitPointer(true);
     lstSelections->setVisible(false);
-    lstSelections->clearList();
-    for (int i = 0; i < lstTypes->listCount(); ++i) {
-        if (!lstTypes->selected(i))
-            continue;
-        const qint16 type = RoofTypeNumbers.value(lstTypes->itemData(i));
-        if (listingMode())
-            addListingsOfType(type);
-        else if (ReportType == QLatin1String("B"))
-            addPersonsOfType(type);
+    {
+        ui::ListBox::Filling filling(lstSelections);
+        lstSelections->clearList();
+        for (int i = 0; i < lstTypes->listCount(); ++i) {
+            if (!lstTypes->selected(i))
+                continue;
+            const qint16 type = RoofTypeNumbers.value(lstTypes->itemData(i));
+            if (listingMode())
+                addListingsOfType(type);
+            else if (ReportType == QLatin1String("B"))
+                addPersonsOfType(type);
+        }
+        lstSelections->setAllSelected(true);
+        if (lstSelections->listCount() > 0)
+            lstSelections->setListIndex(0);
     }
-    lstSelections->setAllSelected(true);
-    if (lstSelections->listCount() > 0)
-        lstSelections->setListIndex(0);
     NamesBusy = false;
     DisplayCount();
     setWaitPointer(false);
@@ -228,9 +235,12 @@ void FrmSelect::cmdTypesClear_Click()
 void FrmSelect::cmdSelectNames_Click()
 {
     NamesBusy = true;
-    lstSelections->setAllSelected(true);
-    if (lstSelections->listCount() > 0)
-        lstSelections->setListIndex(0);
+    {
+        ui::ListBox::Filling filling(lstSelections);
+        lstSelections->setAllSelected(true);
+        if (lstSelections->listCount() > 0)
+            lstSelections->setListIndex(0);
+    }
     NamesBusy = false;
     DisplayCount();
 }
@@ -238,7 +248,10 @@ void FrmSelect::cmdSelectNames_Click()
 void FrmSelect::cmdClearNames_Click()
 {
     NamesBusy = true;
-    lstSelections->setAllSelected(false);
+    {
+        ui::ListBox::Filling filling(lstSelections);
+        lstSelections->setAllSelected(false);
+    }
     NamesBusy = false;
     DisplayCount();
 }
@@ -265,10 +278,15 @@ void FrmSelect::cmdCompute_Click()
         if (index >= 0 && index < RoofTypeSelected.size())
             RoofTypeSelected[index] = lstTypes->selected(i);
     }
-    if (listingMode())
-        storeListingFlags();
-    if (ReportType == QLatin1String("B"))
-        storePersonFlags();
+    {
+        // One commit for the flags of every name rather than one for each.
+        Transaction transaction;
+        if (listingMode())
+            storeListingFlags();
+        if (ReportType == QLatin1String("B"))
+            storePersonFlags();
+        transaction.commit();
+    }
     setFormVisible(false);
     SetSOption(titleOption(ReportType), txtReportTitle->text());
     if (ReportType != QLatin1String("B") && ReportType != QLatin1String(" ")) {

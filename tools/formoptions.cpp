@@ -78,6 +78,7 @@ void FormOptions::connectHandlers()
 
 void FormOptions::formLoad()
 {
+    CenterForm(*this);
     const std::pair<int, QCheckBox*> boxes[] = {{6, CheckDisplayReturn}, {7, CheckDisplayStamp},
                                                 {8, CheckDisplayBarcode}, {100, CheckDate},
                                                 {101, CheckNameIndex},   {102, CheckPageNumber}};

@@ -3,6 +3,7 @@
 #include "platform/grid/datagrid.h"
 #include "platform/grid/gridmodel.h"
 #include "platform/grid/gridpage.h"
+#include "platform/printpages.h"
 
 #include <QPainter>
 #include <QPrinter>
@@ -45,19 +46,14 @@ int GridPrinter::pageCount(QPrinter& printer) const
 bool GridPrinter::print(QPrinter& printer) const
 {
     const GridPageLayout layout(sheet(), printer, printableRect(printer));
-    int first = 0;
-    int last = layout.pageCount() - 1;
-    if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0) {
-        first = qMax(first, printer.fromPage() - 1);
-        last = qMin(last, qMax(first, printer.toPage() - 1));
-    }
+    const QList<int> pages = printing::chosenPages(printer, layout.pageCount());
     QPainter painter;
-    if (first > last || !painter.begin(&printer))
+    if (pages.isEmpty() || !painter.begin(&printer))
         return false;
-    for (int page = first; page <= last; ++page) {
-        if (page > first)
+    for (int page : pages) {
+        if (page != pages.first())
             printer.newPage();
-        paintGridPage(painter, layout.page(page));
+        paintGridPage(painter, layout.page(page - 1));
     }
     return painter.end();
 }

@@ -1,6 +1,7 @@
 #include "platform/label/labelcontrol.h"
 
 #include "platform/label/pagerenderer.h"
+#include "platform/printpages.h"
 #include "platform/ui/windowservice.h"
 
 #include <QPageLayout>
@@ -33,8 +34,9 @@ void LabelControl::printPiecesOn(QPrinter& printer)
     content.pieces = &pieces_;
     content.items = &items_;
     content.pageTop = pageTop * 72.0;
-    for (int page = 1; page <= pageCount(); ++page) {
-        if (page > 1)
+    const QList<int> pages = printing::chosenPages(printer, pageCount());
+    for (int page : pages) {
+        if (page != pages.first())
             printer.newPage();
         content.page = page;
         painter.save();
@@ -51,7 +53,7 @@ bool LabelControl::printPieces()
     if (!printerName.isEmpty())
         printer.setPrinterName(printerName);
     applySheetTo(printer);
-    if (!ui::windows().choosePrinter(printer))
+    if (!ui::windows().choosePrinter(printer, pageCount()))
         return false;
     printPiecesOn(printer);
     return true;

@@ -1,5 +1,6 @@
 #include "platform/report/reportpainter.h"
 
+#include "platform/printpages.h"
 #include "platform/report/textflow.h"
 
 #include <QFontMetricsF>
@@ -7,6 +8,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
+
+#include <numeric>
 
 namespace hb::report {
 
@@ -66,8 +69,10 @@ void ReportPainter::paintText(QPainter& painter, const PlacedObject& object) con
     }
 }
 
-bool ReportPainter::paintAll(QPagedPaintDevice& device, int first, int last) const
+bool ReportPainter::paintAll(QPagedPaintDevice& device, const QList<int>& pages) const
 {
+    if (pages.isEmpty())
+        return false;
     const QPageLayout paper = paperLayout(layout.pageSize());
     if (!device.setPageLayout(paper)) {
         device.setPageSize(paper.pageSize());
@@ -77,8 +82,8 @@ bool ReportPainter::paintAll(QPagedPaintDevice& device, int first, int last) con
     if (!painter.begin(&device))
         return false;
     const qreal scale = device.logicalDpiX() / double(TwipsPerInch);
-    for (int page = first; page <= last; ++page) {
-        if (page > first)
+    for (int page : pages) {
+        if (page != pages.first())
             device.newPage();
         paintPage(painter, page, scale);
     }
@@ -88,17 +93,16 @@ bool ReportPainter::paintAll(QPagedPaintDevice& device, int first, int last) con
 bool ReportPainter::print(QPrinter& printer) const
 {
     printer.setFullPage(true);
-    // A range chosen in the printer dialog; none means every page.
-    const int first = printer.fromPage() > 0 ? printer.fromPage() : 1;
-    const int last = printer.toPage() > 0 ? qMin(printer.toPage(), layout.pageCount()) : layout.pageCount();
-    return paintAll(printer, first, last);
+    return paintAll(printer, printing::chosenPages(printer, layout.pageCount()));
 }
 
 bool ReportPainter::writePdf(const QString& path) const
 {
     QPdfWriter writer(path);
     writer.setCreator(QStringLiteral("Homebook"));
-    return paintAll(writer, 1, layout.pageCount());
+    QList<int> every(layout.pageCount());
+    std::iota(every.begin(), every.end(), 1);
+    return paintAll(writer, every);
 }
 
 }  // namespace hb::report

@@ -23,7 +23,7 @@ public:
     bool writePdf(const QString& path) const;
 
 private:
-    bool paintAll(QPagedPaintDevice& device, int first, int last) const;
+    bool paintAll(QPagedPaintDevice& device, const QList<int>& pages) const;
     void paintText(QPainter& painter, const PlacedObject& object) const;
 
     const ReportLayout& layout;

@@ -72,7 +72,7 @@ bool printerSetup(ReportDefinition& definition)
 {
     QPrinter printer(QPrinter::HighResolution);
     applyPrinterSettings(definition.printer, printer);
-    if (!hb::ui::windows().choosePrinter(printer))
+    if (!hb::ui::windows().choosePrinter(printer, 0))
         return false;
     definition.printer = printerSettingsOf(printer, definition.printer);
     return true;
@@ -84,7 +84,7 @@ bool printOut(const ReportDefinition& definition, const ReportData& data, bool p
     QPrinter printer(QPrinter::HighResolution);
     applyPrinterSettings(definition.printer, printer);
     printer.setDocName(definition.title());
-    if (prompt && !hb::ui::windows().choosePrinter(printer))
+    if (prompt && !hb::ui::windows().choosePrinter(printer, layout.pageCount()))
         return false;
     return ReportPainter(layout).print(printer);
 }

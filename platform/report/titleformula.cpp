@@ -80,13 +80,17 @@ private:
         }
     }
 
-    // A string runs to the next quote; a quote cannot stand inside one, so that every title holding a
-    // quote fails, as the program expects of its title formula.
+    // A string runs to the next single quote; a doubled quote stands for one quote inside it.
     void readString(Token& t)
     {
         ++pos;
         while (pos < src.size()) {
             const QChar c = src.at(pos++);
+            if (c == u'"' && pos < src.size() && src.at(pos) == u'"') {
+                t.text += c;
+                ++pos;
+                continue;
+            }
             if (c == u'"') {
                 t.kind = Tok::String;
                 return;

@@ -15,7 +15,7 @@ struct FormulaResult {
 };
 
 // Runs a formula written in the Basic syntax: one statement a line, "global|local|dim <name> as <type>"
-// declarations, "<name> = <expression>" assignments of quoted strings (which cannot hold a quote), numbers,
+// declarations, "<name> = <expression>" assignments of quoted strings (a quote doubled inside one), numbers,
 // True, False and declared variables joined by "&" or "+", and ' comments. "formula" takes the result.
 // Throws ReportError (FormulaErrorNumber) naming the formula and the position of the fault.
 FormulaResult runBasicFormula(const QString& formulaName, const QString& text);

@@ -24,6 +24,13 @@ bool isAscii(const unsigned char* text, int size)
     return true;
 }
 
+// A letter of a "like" pattern or text as the pattern compares it: without case, and without accents, so
+// that "eluard" matches "Éluard".
+char16_t plainLetter(char16_t c)
+{
+    return c < 0x80 ? fold(c) : char16_t(baseLetter(c));
+}
+
 struct AsciiText {
     const char* data;
     char16_t operator[](int i) const { return char16_t(static_cast<unsigned char>(data[i])); }
@@ -175,7 +182,7 @@ LikePattern::LikePattern(QStringView pattern, QChar escape) : m_escape(escape)
     for (int i = 0; i < pattern.size(); ++i) {
         const QChar c = pattern[i];
         if (!escape.isNull() && c == escape && i + 1 < pattern.size()) {
-            m_tokens.push_back({Kind::Literal, false, fold(pattern[++i].unicode())});
+            m_tokens.push_back({Kind::Literal, false, plainLetter(pattern[++i].unicode())});
         } else if (c == u'*') {
             if (m_tokens.empty() || m_tokens.back().kind != Kind::Star)
                 m_tokens.push_back({Kind::Star});
@@ -186,7 +193,7 @@ LikePattern::LikePattern(QStringView pattern, QChar escape) : m_escape(escape)
         } else if (c == u'[' && pattern.indexOf(u']', i + 1) > i) {
             i = parseList(pattern, i);
         } else {
-            m_tokens.push_back({Kind::Literal, false, fold(c.unicode())});
+            m_tokens.push_back({Kind::Literal, false, plainLetter(c.unicode())});
         }
     }
 }
@@ -221,7 +228,7 @@ bool LikePattern::matchesOne(const Token& token, char16_t c) const
     switch (token.kind) {
     case Kind::One: return true;
     case Kind::Digit: return c >= u'0' && c <= u'9';
-    case Kind::Literal: return fold(c) == token.folded;
+    case Kind::Literal: return plainLetter(c) == token.folded;
     case Kind::List: {
         const char16_t f = fold(c);
         const auto begin = m_ranges.begin() + token.first;

@@ -8,7 +8,8 @@
 struct sqlite3;
 
 // How the engine compares and matches text: without regard to case, also
-// beyond ASCII, and with the wildcards of the engine's own "like".
+// beyond ASCII, and with the wildcards of the engine's own "like", whose
+// letters match without regard to accents as well.
 namespace hb::storage {
 
 // The code point at text[*at], moving *at past it. A byte that starts no
@@ -27,7 +28,8 @@ char32_t baseLetter(char32_t c);
 
 // A "like" pattern: "*" any text, "?" one character, "#" one digit, and the
 // lists "[abc]", "[!abc]", "[a-z]". A list or the escape character makes any
-// wildcard literal.
+// wildcard literal. A letter matches its base letter in any case: "e" and
+// "É" match each other; a list compares case only.
 class LikePattern {
 public:
     explicit LikePattern(QStringView pattern, QChar escape = QChar());

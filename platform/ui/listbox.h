@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QElapsedTimer>
 #include <QListView>
 #include <QVector>
 
@@ -9,8 +10,9 @@ namespace hb::ui {
 class ListBoxModel;
 
 // A list of texts that keeps one number per item, as the program's lists do. A sorted list puts each new
-// item in its place by text without regard to case. Selecting an item, by the user or by code, raises
-// click() at once.
+// item in its place in the program's one text order (that of the database: without case, accented letters
+// beside their base letters). Selecting an item, by the user or by code, raises click() at once, except
+// inside a fill.
 class ListBox : public QListView {
     Q_OBJECT
 public:
@@ -38,17 +40,46 @@ public:
     void setAllSelected(bool on);
     int selectedCount() const;
 
+    // Filling or highlighting by code between beginFill() and endFill() (they nest) raises no click(), and
+    // the view takes the changes in once at the end: a sorted list is put in order then, and its highlights
+    // set in one step, so that a fill of tens of thousands of names costs no more than reading them. Indexes
+    // that addItem returns inside a fill are good until its end; newIndex() follows the last item added.
+    void beginFill();
+    void endFill();
+    class Filling {
+    public:
+        explicit Filling(ListBox* list) : list_(list) { list_->beginFill(); }
+        ~Filling() { list_->endFill(); }
+        Filling(const Filling&) = delete;
+        Filling& operator=(const Filling&) = delete;
+
+    private:
+        ListBox* list_;
+    };
+
+    // Type-ahead: the letters typed in quick succession move to the first item that starts with them,
+    // without regard to case or accents ("el" finds "Éluard"). A single-selection list selects it.
+    void keyboardSearch(const QString& search) override;
+
 signals:
     void click();
     void doubleClick();
 
 private:
     void onSelectionChanged();
+    bool filling() const { return filling_ > 0; }
+    int sortedRow(const QString& text) const;
+    void sortFilled();
+    void showFilledSelection();
 
     ListBoxModel* model_;
     bool sorted_;
     int newIndex_ = -1;
     int raising_ = 0;
+    int filling_ = 0;
+    int fillCurrent_ = -1;   // the current row inside a fill
+    QString typed_;
+    QElapsedTimer lastKey_;
 };
 
 } // namespace hb::ui

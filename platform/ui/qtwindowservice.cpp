@@ -103,9 +103,12 @@ bool QtWindowService::chooseFont(QFont& font)
     return ok;
 }
 
-bool QtWindowService::choosePrinter(QPrinter& printer)
+bool QtWindowService::choosePrinter(QPrinter& printer, int pageCount)
 {
     QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, pageCount > 0);
+    if (pageCount > 0)
+        dialog.setMinMax(1, pageCount);
     return dialog.exec() == QDialog::Accepted;
 }
 

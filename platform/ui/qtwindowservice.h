@@ -14,7 +14,7 @@ public:
     QString saveFileName(const QString& caption, const QString& directory, const QString& filter) override;
     QString directory(const QString& caption, const QString& start) override;
     bool chooseFont(QFont& font) override;
-    bool choosePrinter(QPrinter& printer) override;
+    bool choosePrinter(QPrinter& printer, int pageCount) override;
     bool pageSetup(QPrinter& printer) override;
     bool openUrl(const QString& url) override;
     void setBusy(bool busy) override;

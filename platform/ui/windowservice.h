@@ -38,7 +38,9 @@ public:
     virtual QString directory(const QString& caption, const QString& start) = 0;
     // False when the user cancelled; the font is left as it came in then.
     virtual bool chooseFont(QFont& font) = 0;
-    virtual bool choosePrinter(QPrinter& printer) = 0;
+    // The print dialog; `pageCount` is the length of the document to print, so that a range of its pages
+    // can be chosen, or 0 when the dialog only chooses and sets up the printer.
+    virtual bool choosePrinter(QPrinter& printer, int pageCount) = 0;
     virtual bool pageSetup(QPrinter& printer) = 0;
     virtual bool openUrl(const QString& url) = 0;
     // The hourglass pointer (11) on or off (0).

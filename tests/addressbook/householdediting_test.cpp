@@ -1,4 +1,5 @@
 #include "editingfixture.h"
+#include "framecentre.h"
 
 #include "core/options.h"
 #include "platform/dates.h"
@@ -261,4 +262,22 @@ TEST_F(HouseholdEditingTest, CancelAsksNothingAndRestoresTheListing)
     EXPECT_EQ(text(w, "lblDCity"), QStringLiteral("Leeds"));
     EXPECT_EQ(roof(1, "City").toString(), QStringLiteral("Leeds"));
     EXPECT_TRUE(shown(w, "lstAddressBook"));
+}
+
+TEST_F(HouseholdEditingTest, TheListByQuestionOpensCentredInTheFrame)
+{
+    ASSERT_TRUE(startProgram());
+    click(*forms::find(QStringLiteral("FormAbout")), QStringLiteral("cmdOK"));
+    auto& w = *qobject_cast<FrmAddressBook*>(forms::find(QStringLiteral("frmAddressBook")));
+    ASSERT_TRUE(press(w, "cmdAdd"));
+    type(w, "txtName", QStringLiteral("Acme Ltd"));
+    QPoint at, centre;
+    dialogs().onModal([&](QWidget& question) {
+        at = question.pos();
+        centre = centredInFrame(question);
+        click(question, QStringLiteral("CommandNo"));
+    });
+    ASSERT_TRUE(press(w, "cmdOK"));
+    EXPECT_EQ(at, centre);
+    EXPECT_NE(centre, QPoint(0, 0));
 }

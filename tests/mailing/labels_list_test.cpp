@@ -215,3 +215,25 @@ TEST_F(LabelListTest, PrintPreviewWritesOneRowALabelAndOpensThePreview)
     EXPECT_TRUE(w->isFormVisible());
     EXPECT_EQ(rows(labels).size(), 20) << "the list comes back as it was left";
 }
+
+TEST_F(LabelListTest, AccentedNamesStandBesideTheirBaseLettersAndTheButtonsRaiseNoClickOfTheNames)
+{
+    addListing({4, QStringLiteral("Zimmer Hardware"), QString(), 0});
+    addListing({5, QStringLiteral("Paul Éluard"), QStringLiteral("Éluard"), 0});
+    addListing({6, QStringLiteral("Ödegaard"), QString(), 0});
+    auto* names = list(*w, "lstSelections");
+    int clicks = 0;
+    QObject::connect(names, &ui::ListBox::click, names, [&] { ++clicks; });
+    click(*w, QStringLiteral("cmdTypesSelect"));
+    QStringList texts;
+    for (int i = 0; i < names->listCount(); ++i)
+        texts << names->list(i);
+    EXPECT_EQ(texts, (QStringList{"Able...Ann Able", "Baker...Bob Baker", "Cole...Cy Cole", "Éluard...Paul Éluard",
+                                  "Ödegaard", "Zimmer Hardware"}));
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("6 Labels Selected"));
+    click(*w, QStringLiteral("cmdLabelsClear"));
+    click(*w, QStringLiteral("cmdLabelsSelect"));
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(labels->list(15), QStringLiteral("Paul Éluard"));
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("6 Labels Selected"));
+}

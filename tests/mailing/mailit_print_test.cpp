@@ -2,8 +2,11 @@
 
 #include "../reports/printcapture.h"
 
+#include <QPageRanges>
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <optional>
 
 using namespace hb;
 
@@ -31,7 +34,7 @@ class MailItPrintTest : public LabelsFixture {
 protected:
     // The labels of the first type through "&Print Preview", then the frame's Print, the dialog answered
     // with a PDF file.
-    QString printThroughTheFrame(const QString& piece)
+    QString printThroughTheFrame(const QString& piece, std::optional<QPageRanges> pages = std::nullopt)
     {
         addListings();
         PieceName = piece;
@@ -41,7 +44,13 @@ protected:
         const QString pdf = dir.filePath(QStringLiteral("pieces.pdf"));
         PrintCapture capture;
         capture.toPdf(pdf);
-        dialogs().answerPrinter(true);
+        dialogs().scriptPrinter([pages](QPrinter& printer) {
+            if (pages) {
+                printer.setPrintRange(QPrinter::PageRange);
+                printer.setPageRanges(*pages);
+            }
+            return true;
+        });
         EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
         EXPECT_EQ(capture.printersChosen(), 1);
         return pdf;
@@ -66,4 +75,17 @@ TEST_F(MailItPrintTest, EnvelopesPrintOneAPageOnEnvelopePaperLyingAcross)
     const QString info = pdfInfo(pdf);
     EXPECT_TRUE(info.contains(QLatin1String("Pages:           3"))) << info.toStdString();
     EXPECT_TRUE(info.contains(QLatin1String("684 x 297 pts"))) << info.toStdString();
+}
+
+TEST_F(MailItPrintTest, ThePrintDialogKnowsThePagesAndPrintsOnlyTheRangeChosen)
+{
+    QPageRanges lastTwo;
+    lastTwo.addRange(2, 3);
+    const QString pdf = printThroughTheFrame(QStringLiteral("#10 - Envelope 4 1/8 x 9 1/2"), lastTwo);
+    EXPECT_EQ(dialogs().printDialogPages(), QList<int>{3});
+    EXPECT_TRUE(pdfInfo(pdf).contains(QLatin1String("Pages:           2"))) << pdfInfo(pdf).toStdString();
+    const QString text = pdfText(pdf);
+    EXPECT_FALSE(text.contains(QLatin1String("Ann Able"))) << "the first envelope is not printed";
+    EXPECT_TRUE(text.contains(QLatin1String("Bob Baker")));
+    EXPECT_TRUE(text.contains(QLatin1String("Cy Cole")));
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <tuple>
 
 static void PrintTo(const QDate& date, std::ostream* os)
 {
@@ -196,3 +197,13 @@ TEST(YearsBetween, CountsCalendarYearBoundariesWhateverTheDay)
 }
 
 }  // namespace
+
+TEST(BirthdayInYear, KeepsTheDayAndMoves29FebruaryTo28InACommonYear)
+{
+    const std::tuple<int, int, int, QDate> cases[] = {
+        {2028, 2, 29, QDate(2028, 2, 29)}, {2026, 2, 29, QDate(2026, 2, 28)}, {2100, 2, 29, QDate(2100, 2, 28)},
+        {2000, 2, 29, QDate(2000, 2, 29)}, {2026, 3, 1, QDate(2026, 3, 1)},   {2026, 12, 31, QDate(2026, 12, 31)}};
+    for (const auto& [year, month, day, expected] : cases)
+        EXPECT_EQ(hb::dates::birthdayInYear(year, month, day), expected) << year << "-" << month << "-" << day;
+    EXPECT_FALSE(hb::dates::birthdayInYear(2026, 4, 31).isValid());
+}

@@ -33,7 +33,9 @@ INSTANTIATE_TEST_SUITE_P(Titles, TitleFormulaReads,
                          ::testing::Values(GoodTitle{"Address Report", "Address Report"}, GoodTitle{"", ""},
                                            GoodTitle{"Smith's & Sons, 2024", "Smith's & Sons, 2024"},
                                            GoodTitle{"Müller ‘Family’", "Müller ‘Family’"},
-                                           GoodTitle{"   spaced   ", "   spaced   "}));
+                                           GoodTitle{"   spaced   ", "   spaced   "},
+                                           GoodTitle{"The \"\"Best\"\" Friends", "The \"Best\" Friends"},
+                                           GoodTitle{"\"\"", "\""}, GoodTitle{"5\"\"", "5\""}));
 
 class BrokenTitle : public ::testing::TestWithParam<const char*> {};
 
@@ -50,9 +52,10 @@ TEST_P(BrokenTitle, FailsWithTheFormulaErrorNamingFormulaAndPosition)
     }
 }
 
+// A quote that is not doubled ends the string early.
 INSTANTIATE_TEST_SUITE_P(QuoteInside, BrokenTitle,
-                         ::testing::Values("The \"Best\" Friends", "5\" Floppy", "\"", "\"\"", "Ends with a quote\"",
-                                           "a \"\" b"));
+                         ::testing::Values("The \"Best\" Friends", "5\" Floppy", "\"", "\"\"\"", "Ends with a quote\"",
+                                           "a \"\"\" b"));
 
 TEST(TitleFormula, EmptyFormulaGivesAnEmptyTitle)
 {

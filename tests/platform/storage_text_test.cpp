@@ -90,7 +90,9 @@ INSTANTIATE_TEST_SUITE_P(Wildcards, StorageLike, ::testing::Values(
     LikeCase{"[*]*", "*star", true}, LikeCase{"[*]*", "star", false},
     LikeCase{"50%", "50%", true}, LikeCase{"50%", "500", false}, LikeCase{"a_b", "axb", false},
     LikeCase{"*a*b*c", "xxaxxbxxbc", true}, LikeCase{"*a*b*c", "abcb", false},
-    LikeCase{"é*", "Émile", true}, LikeCase{"*ø*", "SØREN", true}, LikeCase{"[à-ê]", "É", true}));
+    LikeCase{"é*", "Émile", true}, LikeCase{"*ø*", "SØREN", true}, LikeCase{"[à-ê]", "É", true},
+    LikeCase{"eluard", "Éluard", true}, LikeCase{"*ELU*", "Paul Éluard", true}, LikeCase{"éluard", "ELUARD", true},
+    LikeCase{"*muller*", "Müller & Co", true}, LikeCase{"*ø*", "Soren", false}, LikeCase{"e", "f", false}));
 
 TEST(StorageLikeEscape, EscapedWildcardIsLiteral)
 {

@@ -85,3 +85,24 @@ TEST_F(AddressReportPrintTest, ACancelledPrinterDialogPrintsNothing)
     EXPECT_TRUE(trigger(QStringLiteral("Print")));
     EXPECT_FALSE(QFile::exists(path));
 }
+
+TEST_F(AddressReportPrintTest, ThePrintDialogKnowsThePagesAndPrintsOnlyTheRangeChosen)
+{
+    const QString path = folder + QStringLiteral("/range.pdf");
+    FrmAddressRpt* w = open("mnuAddress");
+    ASSERT_NE(w, nullptr);
+    const int pages = w->viewer().pageCount();
+    ASSERT_GE(pages, 4);
+    PrintCapture capture;
+    capture.toPdf(path);
+    dialogs().scriptPrinter([](QPrinter& printer) {
+        printer.setPrintRange(QPrinter::PageRange);
+        QPageRanges chosen;
+        chosen.addRange(1, 3);
+        printer.setPageRanges(chosen);
+        return true;
+    });
+    EXPECT_TRUE(trigger(QStringLiteral("Print")));
+    EXPECT_EQ(dialogs().printDialogPages(), QList<int>{pages});
+    EXPECT_EQ(pdfPages(path), 3);
+}

@@ -107,12 +107,18 @@ TEST_F(AddressReportWindowTest, SelectNarrowsTheReportAndBuildsTheColumnTable)
     EXPECT_FALSE(rows.eof());
 }
 
-TEST_F(AddressReportWindowTest, ATitleWithADoubleQuoteEndsTheProgramThroughTheStandardReport)
+TEST_F(AddressReportWindowTest, ATitleWithDoubleQuotesIsPrintedAsTyped)
 {
-    SetSOption(5, QStringLiteral("The \"Best\" Friends"));
-    EXPECT_FALSE(trigger(QStringLiteral("mnuAddress")));
-    ASSERT_FALSE(dialogs().messages().empty());
-    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Title"))) << lastMessage().text.toStdString();
+    for (const QString& title : {QStringLiteral("The \"Best\" Friends"), QStringLiteral("5\" Floppy\"\"")}) {
+        SetSOption(5, title);
+        FrmAddressRpt* w = open("mnuAddress");
+        ASSERT_NE(w, nullptr);
+        EXPECT_TRUE(dialogs().messages().empty()) << lastMessage().text.toStdString();
+        const QStringList texts = pageTexts(*w);
+        ASSERT_FALSE(texts.isEmpty());
+        EXPECT_EQ(texts.first(), title);
+        ASSERT_TRUE(guarded([&] { click(*w, QStringLiteral("cmdClose")); }));
+    }
 }
 
 TEST_F(AddressReportWindowTest, TheColumnTableSaysNoneSelectedWhenTheTableIsEmpty)

@@ -136,3 +136,20 @@ TEST_F(BirthdayPrintingTest, ThePreviewShowsThePagesThatPrint)
     EXPECT_EQ(dialogs().modalsShown(), QStringList{QStringLiteral("BirthdayPreview")});
     EXPECT_EQ(previewPages, expectedPages());
 }
+
+TEST_F(BirthdayPrintingTest, ThePrintDialogKnowsThePagesAndPrintsOnlyTheRangeChosen)
+{
+    const int pages = expectedPages();
+    ASSERT_GE(pages, 3);
+    dialogs().scriptPrinter([](QPrinter& printer) {
+        printer.setPrintRange(QPrinter::PageRange);
+        QPageRanges chosen;
+        chosen.addPage(1);
+        chosen.addPage(3);
+        printer.setPageRanges(chosen);
+        return true;
+    });
+    ASSERT_TRUE(trigger(QStringLiteral("Print")));
+    EXPECT_EQ(dialogs().printDialogPages(), QList<int>{pages});
+    EXPECT_EQ(pdfPages(pdf), 2);
+}

@@ -55,9 +55,9 @@ private:
         bool pageSetup(QPrinter& printer) override { return behind->pageSetup(printer); }
         bool openUrl(const QString& url) override { return behind->openUrl(url); }
         void setBusy(bool busy) override { behind->setBusy(busy); }
-        bool choosePrinter(QPrinter& printer) override
+        bool choosePrinter(QPrinter& printer, int pageCount) override
         {
-            if (!behind->choosePrinter(printer))
+            if (!behind->choosePrinter(printer, pageCount))
                 return false;
             owner.aim(printer);
             return true;

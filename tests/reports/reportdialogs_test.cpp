@@ -1,5 +1,6 @@
 #include "addressrpt_fixture.h"
 #include "printcapture.h"
+#include "framecentre.h"
 #include "../core/helpfolder.h"
 
 #include "core/routes.h"
@@ -175,4 +176,27 @@ TEST_F(ReportDialogsTest, PrinterSetupToLandscapeMovesTheReportToTheLandscapeDef
     EXPECT_EQ(shown()->report().name, QStringLiteral("lAddress1Col"));
     EXPECT_EQ(ListingDefinition(3, false).printer.paperOrientation, 2);
     EXPECT_TRUE(shown()->isVisible());
+}
+
+TEST_F(ReportDialogsTest, CustomizeAndPageSetupOpenCentredInTheFrame)
+{
+    FrmAddressRpt* w = open("mnuCustom");
+    ASSERT_NE(w, nullptr);
+    const struct {
+        const char* dialog;
+        std::function<bool()> route;
+    } cases[] = {{"FormPageSetup", [this] { return trigger(QStringLiteral("mnuPageSetup")); }},
+                 {"FormCustomizeReport", [this, w] { return guarded([w] { click(*w, QStringLiteral("CommandCustomize")); }); }}};
+    for (const auto& c : cases) {
+        QPoint at, centre;
+        dialogs().onModal([&](QWidget& window) {
+            EXPECT_EQ(window.objectName(), QLatin1String(c.dialog));
+            at = window.pos();
+            centre = centredInFrame(window);
+            click(window, QStringLiteral("CommandCancel"));
+        });
+        ASSERT_TRUE(c.route()) << c.dialog;
+        EXPECT_EQ(at, centre) << c.dialog;
+        EXPECT_NE(centre, QPoint(0, 0)) << c.dialog;
+    }
 }

@@ -142,3 +142,24 @@ TEST_F(SelectListingsTest, AnEmptiedTitleIsStoredEmptyAndReadsAsTheDefault)
     EXPECT_EQ(GetSOption(6), QString());
     EXPECT_EQ(GetReportTitle(), QStringLiteral("Phone Report"));
 }
+
+TEST_F(SelectListingsTest, AccentedNamesStandBesideTheirBaseLettersOnLoadAndOnARebuild)
+{
+    addListing({4, QStringLiteral("Zimmer Hardware"), QString(), 0});
+    addListing({5, QStringLiteral("Paul Éluard"), QStringLiteral("Éluard"), 0});
+    addListing({6, QStringLiteral("Émile Blanc"), QString(), 0});
+    addListing({7, QStringLiteral("Ödegaard"), QString(), 0});
+    DB.execute(QStringLiteral("update roof set roofselected = true, rooflisted = true"));
+    const QStringList expected{"Acme", "Brown...Bob Brown", "Éluard...Paul Éluard", "Émile Blanc", "Ödegaard",
+                               "Smith...The Smith Family", "Zimmer Hardware"};
+    runSelection([&](FrmSelect& w) {
+        EXPECT_EQ(texts(names(w)), expected);
+        int clicks = 0;
+        QObject::connect(names(w), &ui::ListBox::click, names(w), [&] { ++clicks; });
+        click(w, QStringLiteral("cmdTypesSelect"));
+        EXPECT_EQ(texts(names(w)), expected);
+        EXPECT_EQ(count(w), QStringLiteral("7 Names Selected"));
+        EXPECT_EQ(clicks, 0);
+        click(w, QStringLiteral("cmdCancel"));
+    });
+}

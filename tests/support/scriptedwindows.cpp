@@ -20,6 +20,7 @@ void ScriptedWindows::clearRecords()
     modalNames_.clear();
     urls_.clear();
     openDialogs_.clear();
+    printDialogPages_.clear();
 }
 
 int ScriptedWindows::message(const QString& text, int style, const QString& title)
@@ -92,7 +93,13 @@ bool ScriptedWindows::chooseFont(QFont& font)
     return accept;
 }
 
-bool ScriptedWindows::choosePrinter(QPrinter& printer)
+bool ScriptedWindows::choosePrinter(QPrinter& printer, int pageCount)
+{
+    printDialogPages_ << pageCount;
+    return runPrinterScript(printer);
+}
+
+bool ScriptedWindows::runPrinterScript(QPrinter& printer)
 {
     if (printers_.empty()) {
         problems_ << QStringLiteral("unanswered printer dialog");
@@ -103,7 +110,7 @@ bool ScriptedWindows::choosePrinter(QPrinter& printer)
     return script(printer);
 }
 
-bool ScriptedWindows::pageSetup(QPrinter& printer) { return choosePrinter(printer); }
+bool ScriptedWindows::pageSetup(QPrinter& printer) { return runPrinterScript(printer); }
 
 bool ScriptedWindows::openUrl(const QString& url)
 {

@@ -40,6 +40,8 @@ public:
     const QStringList& modalsShown() const { return modalNames_; }
     const std::vector<ShownFileDialog>& openFileDialogs() const { return openDialogs_; }
     const QStringList& urlsOpened() const { return urls_; }
+    // The page count each print dialog was given, 0 for one that only set the printer up.
+    const QList<int>& printDialogPages() const { return printDialogPages_; }
     QStringList problems() const;
     bool busy() const { return busy_; }
     void clearRecords();
@@ -51,7 +53,7 @@ public:
     QString saveFileName(const QString& caption, const QString& directory, const QString& filter) override;
     QString directory(const QString& caption, const QString& start) override;
     bool chooseFont(QFont& font) override;
-    bool choosePrinter(QPrinter& printer) override;
+    bool choosePrinter(QPrinter& printer, int pageCount) override;
     bool pageSetup(QPrinter& printer) override;
     bool openUrl(const QString& url) override;
     void setBusy(bool busy) override;
@@ -60,6 +62,7 @@ public:
 
 private:
     QString nextFile(const QString& what);
+    bool runPrinterScript(QPrinter& printer);
 
     std::deque<int> answers_;
     std::deque<ModalScript> modals_;
@@ -70,6 +73,7 @@ private:
     std::vector<ShownFileDialog> openDialogs_;
     QStringList modalNames_;
     QStringList urls_;
+    QList<int> printDialogPages_;
     QStringList problems_;
     bool busy_ = false;
 };

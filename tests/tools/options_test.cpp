@@ -1,4 +1,5 @@
 #include "../reports/addressrpt_fixture.h"
+#include "framecentre.h"
 
 #include "platform/ui/tabstrip.h"
 #include "reports/frmbirthdayrpt.h"
@@ -163,3 +164,24 @@ TEST_F(OptionsWindowTest, OkWithTheBirthdayReportUpLeavesItAlone)
 }
 
 } // namespace
+
+TEST_F(OptionsWindowTest, TheOptionsAndTheReturnAddressOpenCentredInTheFrame)
+{
+    QList<QPoint> at, centre;
+    withOptions([&](QWidget& w) {
+        at << w.pos();
+        centre << centredInFrame(w);
+        chooseTab(w, 1);
+        dialogs().onModal([&](QWidget& address) {
+            EXPECT_EQ(address.objectName(), QStringLiteral("FormRetAddr"));
+            at << address.pos();
+            centre << centredInFrame(address);
+            press(address, "CommandCancel");
+        });
+        press(w, "CommandRetAddr");
+        press(w, "CommandCancel");
+    });
+    ASSERT_EQ(at.size(), 2);
+    EXPECT_EQ(at, centre);
+    EXPECT_FALSE(centre.contains(QPoint(0, 0)));
+}
