@@ -3,6 +3,7 @@
 #include "platform/storage/dberror.h"
 #include "platform/storage/errors.h"
 #include "platform/storage/textrules.h"
+#include "platform/storage/truthcomparison.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -91,6 +92,15 @@ void installEngineRules(Connection& connection)
 {
     registerTextRules(connection.db);
     sqlite3_set_authorizer(connection.db, noteDefinitions, &connection);
+}
+
+bool Connection::isYesNoField(const QString& name)
+{
+    Statement find(*this, QStringLiteral("SELECT 1 FROM sqlite_schema s, pragma_table_info(s.name) f "
+                                         "WHERE s.type = 'table' AND f.name = ?1 COLLATE NOCASE "
+                                         "AND upper(f.type) IN ('YESNO', 'BOOLEAN', 'BIT') LIMIT 1"));
+    find.bind(1, name);
+    return find.step();
 }
 
 QString Connection::knownTable(const QString& asked) const
@@ -301,7 +311,8 @@ Statement::Statement(Connection& connection, const QString& sql) : m_connection(
         return;
     // Read before the statement is prepared, so that a change in between makes it look older, not newer.
     m_schemaVersion = connection.schemaVersion();
-    const QByteArray text = sql.toUtf8();
+    const QByteArray text =
+        withTruthComparisons(sql, [&](const QString& name) { return connection.isYesNoField(name); }).toUtf8();
     const char* tail = nullptr;
     connection.changesDefinitions = &m_changesDefinitions;
     const int rc = sqlite3_prepare_v2(connection.db, text.constData(), int(text.size()), &m_stmt, &tail);
@@ -357,19 +368,25 @@ void Statement::bind(int index, const QVariant& stored)
     switch (stored.typeId()) {
     case QMetaType::Int:
     case QMetaType::LongLong:
-        sqlite3_bind_int64(m_stmt, index, stored.toLongLong());
+        checkBound(sqlite3_bind_int64(m_stmt, index, stored.toLongLong()));
         break;
     case QMetaType::Double:
-        sqlite3_bind_double(m_stmt, index, stored.toDouble());
+        checkBound(sqlite3_bind_double(m_stmt, index, stored.toDouble()));
         break;
     case QMetaType::QString: {
         const QByteArray text = stored.toString().toUtf8();
-        sqlite3_bind_text(m_stmt, index, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+        checkBound(sqlite3_bind_text(m_stmt, index, text.constData(), int(text.size()), SQLITE_TRANSIENT));
         break;
     }
     default:
-        sqlite3_bind_null(m_stmt, index);
+        checkBound(sqlite3_bind_null(m_stmt, index));
     }
+}
+
+void Statement::checkBound(int rc) const
+{
+    if (rc != SQLITE_OK)
+        throw sqliteError(*m_connection, rc, sql());
 }
 
 QString Statement::text(int column) const

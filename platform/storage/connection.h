@@ -43,6 +43,9 @@ struct Connection {
     // Set while a statement is prepared: told whether it changes a definition.
     bool* changesDefinitions = nullptr;
 
+    // True when a table of the file has a Yes/No field of this name.
+    bool isYesNoField(const QString& name);
+
     // Table names as the file spells them, by the spelling asked for, while no definition changes.
     QString knownTable(const QString& asked) const;
     void rememberTable(const QString& asked, const QString& name);
@@ -97,6 +100,8 @@ public:
     void finalize();
     // Binds the stored form of a value: qint64, double, QString or null.
     void bind(int index, const QVariant& stored);
+    // Throws the engine's error for a failed sqlite3_bind_* result.
+    void checkBound(int rc) const;
     QString text(int column) const;
     qint64 integer(int column) const;
 
