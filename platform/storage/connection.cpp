@@ -198,6 +198,8 @@ bool isReadOnlyFolder(const QString& folder)
 void configure(Connection& connection, OpenMode mode)
 {
     installEngineRules(connection);
+    // Definitions change through SQL only, never by writing the schema table.
+    sqlite3_db_config(connection.db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_busy_timeout(connection.db, 5000);
     if (mode == OpenMode::ReadOnly) {
         run(connection, QStringLiteral("SELECT count(*) FROM sqlite_master"));
