@@ -87,7 +87,6 @@ private:
     int m_fd;
 };
 
-
 }  // namespace
 
 void serveJetFile(const QByteArray& bytes, int fd)
@@ -111,8 +110,10 @@ void replayFrames(const ReadExactly& readExactly, TableSink& sink)
             throw JetFault("the reader stopped before the end of the file");
         quint32 size = 0;
         QDataStream(QByteArray::fromRawData(head, 4)) >> size;
+        if (size > (1u << 30))
+            throw JetFault("the reader stopped before the end of the file");
         QByteArray payload(qsizetype(size), Qt::Uninitialized);
-        if (size > (1u << 30) || !readExactly(payload.data(), payload.size()))
+        if (!readExactly(payload.data(), payload.size()))
             throw JetFault("the reader stopped before the end of the file");
         QDataStream in(payload);
         quint8 kind = 0;

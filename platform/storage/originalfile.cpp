@@ -167,7 +167,8 @@ bool isOriginalEngineHeader(QByteArrayView firstBytes)
 bool isOriginalEngineFile(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    // Nothing is made of a larger file, not even a kept copy of it.
+    if (file.size() > OriginalFileLimit || !file.open(QIODevice::ReadOnly))
         return false;
     return isOriginalEngineHeader(file.read(jetMagicOffset + jetMagic.size()));
 }

@@ -19,7 +19,7 @@ struct Connection;
 inline constexpr qint64 OriginalFileLimit = qint64(128) << 20;
 
 // True when the bytes begin as a Jet 3 or Jet 4 database does ("Standard Jet DB" at offset 4). The name
-// of a file never decides this.
+// of a file never decides this; a file larger than OriginalFileLimit is none.
 bool isOriginalEngineHeader(QByteArrayView firstBytes);
 bool isOriginalEngineFile(const QString& path);
 

@@ -198,12 +198,14 @@ TEST_F(JetDatabase, AFileLargerThanAnyBookIsRefusedBeforeItIsRead)
     EXPECT_GT(file.size(), hb::storage::OriginalFileLimit);
     QElapsedTimer timer;
     timer.start();
+    EXPECT_FALSE(Database::isOriginalFile(huge));  // so the start makes no copy of it
     EXPECT_EQ(errorOf([&] { Database::open(huge); }), 3343);
     EXPECT_EQ(errorOf([&] { Database::convertOriginalFile(huge, path("converted.db")); }), 3343);
     EXPECT_LT(timer.elapsed(), 3000);
     EXPECT_FALSE(QFileInfo::exists(path("converted.db")));
 
     ASSERT_TRUE(file.resize(hb::storage::OriginalFileLimit));  // the largest that is read
+    EXPECT_TRUE(Database::isOriginalFile(huge));
     EXPECT_EQ(errorOf([&] { Database::open(huge); }), 0);
 }
 
