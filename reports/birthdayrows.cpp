@@ -7,13 +7,36 @@
 #include "core/setup.h"
 #include "platform/clock.h"
 #include "platform/dates.h"
-#include "platform/storage/transaction.h"
 
 namespace hb::birthday {
 
 namespace {
 
 const QString Blank = QStringLiteral(" ");
+
+// Row-by-row work in one transaction: one commit instead of one for each of tens of thousands of rows.
+// Work that fails leaves the tables as they were.
+class Transaction {
+public:
+    Transaction() { DB.execute(QStringLiteral("begin")); }
+    ~Transaction()
+    {
+        if (open_) {
+            try {
+                DB.execute(QStringLiteral("rollback"));
+            } catch (...) {
+            }
+        }
+    }
+    void commit()
+    {
+        DB.execute(QStringLiteral("commit"));
+        open_ = false;
+    }
+
+private:
+    bool open_ = true;
+};
 
 // The report's name of a person: the last name, or for want of one the List By name of the listing.
 QString personName(const Recordset& person)
@@ -111,14 +134,14 @@ void RowWriter::addRow(const QString& month, const QString& day, const QString& 
 
 void clearRows()
 {
-    storage::Transaction transaction(DB);  // one commit instead of one for each of tens of thousands of rows
+    Transaction transaction;
     ClearRptBirthday();
     transaction.commit();
 }
 
 void selectEverybody()
 {
-    storage::Transaction transaction(DB);
+    Transaction transaction;
     PersonRS = DB.openRecordset(QStringLiteral("Person"));
     for (; !PersonRS.eof(); PersonRS.moveNext()) {
         PersonRS.edit();
@@ -137,7 +160,7 @@ int computeRows(int year)
     // Nothing reads today's day in the report year; making it fails as a birthday on 29 February does.
     const QDate today = clock::today();
     dateInYear(year, today.month(), today.day());
-    storage::Transaction transaction(DB);
+    Transaction transaction;
     ClearRptBirthday();
     BirthdayRS = DB.openRecordset(QStringLiteral("RptBirthday"));
     SQL = QStringLiteral("Select * from Person where BirthMonthNumber > 0 Order by BirthMonthNumber, BirthDayNumber");
