@@ -12,6 +12,7 @@ set(HB_PACKAGING ${CMAKE_SOURCE_DIR}/packaging)
 set(HB_APP_ID org.homebook.Homebook)
 
 install(TARGETS homebook RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS homebook-mdbreader RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/homebook)
 install(FILES ${HB_BIN_DIR}/Data/hb10db.shell ${HB_BIN_DIR}/Data/export.mdb DESTINATION ${HB_SHARE_DIR})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/help/ DESTINATION ${HB_SHARE_DIR}/help)
 install(FILES ${HB_PACKAGING}/${HB_APP_ID}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

@@ -9,6 +9,7 @@
 #include "core/session.h"
 #include "platform/files.h"
 #include "platform/storage/safecopy.h"
+#include "platform/storage/transaction.h"
 #include "platform/ui/folderlists.h"
 #include "platform/ui/listbox.h"
 #include "platform/ui/windowservice.h"
@@ -99,7 +100,7 @@ bool FrmBackup::writeExport(const QString& shell, const QString& target)
         storage::copyDatabaseFile(shell, scratch, book);
         ExportDB = Database::open(scratch, false, false, QString());
         // The scratch file is nobody's until it is complete, so its rows go in as one write.
-        ExportDB.execute(QStringLiteral("begin"));
+        storage::Transaction transaction(ExportDB);
         ExportProgramVersion();
         ExportCount = 0;
         for (int i = 0; i < lstTypes->listCount(); ++i) {
@@ -111,7 +112,7 @@ bool FrmBackup::writeExport(const QString& shell, const QString& target)
             ExportRoofPerson();
         }
         lblMessage->clear();
-        ExportDB.execute(QStringLiteral("commit"));
+        transaction.commit();
         ExportDB.close();
         // The export holds the book's names: it is as private as the book.
         storage::copyDatabaseFile(scratch, target, book);

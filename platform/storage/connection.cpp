@@ -3,6 +3,7 @@
 #include "platform/storage/dberror.h"
 #include "platform/storage/errors.h"
 #include "platform/storage/textrules.h"
+#include "platform/storage/truthcomparison.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -31,6 +32,9 @@ void Connection::close()
         return;
     idle_.clear();
     tables_.clear();
+    schemaVersion_ = nullptr;
+    schemaCheck_ = nullptr;
+    loadedSchema_ = -1;
     while (sqlite3_stmt* stmt = sqlite3_next_stmt(db, nullptr))
         sqlite3_finalize(stmt);
     sqlite3_exec(db, "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr);
@@ -90,6 +94,15 @@ void installEngineRules(Connection& connection)
     sqlite3_set_authorizer(connection.db, noteDefinitions, &connection);
 }
 
+bool Connection::isYesNoField(const QString& name)
+{
+    Statement find(*this, QStringLiteral("SELECT 1 FROM sqlite_schema s, pragma_table_info(s.name) f "
+                                         "WHERE s.type = 'table' AND f.name = ?1 COLLATE NOCASE "
+                                         "AND upper(f.type) IN ('YESNO', 'BOOLEAN', 'BIT') LIMIT 1"));
+    find.bind(1, name);
+    return find.step();
+}
+
 QString Connection::knownTable(const QString& asked) const
 {
     return tablesGeneration_ == generation ? tables_.value(asked) : QString();
@@ -107,20 +120,51 @@ void Connection::rememberTable(const QString& asked, const QString& name)
     tables_.insert(asked, name);
 }
 
-sqlite3_stmt* Connection::takeIdle(const QString& sql)
+sqlite3_stmt* Connection::takeIdle(const QString& sql, int& schemaVersion)
 {
     const auto found = idle_.find(sql);
     if (found == idle_.end())
         return nullptr;
     const Idle idle = found.value();
     idle_.erase(found);
-    if (idle.generation == generation)
+    // SQLite prepares a statement again for another program's change only when it runs; its columns
+    // are described before that.
+    if (idle.generation == generation
+        && (sqlite3_column_count(idle.stmt) == 0 || idle.schemaVersion == this->schemaVersion())) {
+        schemaVersion = idle.schemaVersion;
         return idle.stmt;
+    }
     sqlite3_finalize(idle.stmt);
     return nullptr;
 }
 
-void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 preparedAt)
+namespace {
+
+// The first column of the statement's first row, or -1; the statement is prepared on first use.
+int firstValue(sqlite3* db, sqlite3_stmt*& stmt, const char* sql)
+{
+    if (!stmt && sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &stmt, nullptr) != SQLITE_OK)
+        return -1;
+    const int value = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int(stmt, 0) : -1;
+    sqlite3_reset(stmt);
+    return value;
+}
+
+}  // namespace
+
+int Connection::schemaVersion()
+{
+    const int version = firstValue(db, schemaVersion_, "PRAGMA schema_version");
+    if (version != loadedSchema_) {
+        // A statement that reads a table checks the definitions it was prepared with against the file
+        // and has SQLite read them again when they differ.
+        firstValue(db, schemaCheck_, "SELECT 1 FROM sqlite_schema LIMIT 1");
+        loadedSchema_ = version;
+    }
+    return version;
+}
+
+void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 preparedAt, int schemaVersion)
 {
     constexpr int MostKept = 64;
     if (preparedAt != generation || idle_.contains(sql)) {
@@ -140,7 +184,7 @@ void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 prepar
     }
     sqlite3_reset(stmt);
     sqlite3_clear_bindings(stmt);
-    idle_.insert(sql, Idle{stmt, preparedAt, ++uses_});
+    idle_.insert(sql, Idle{stmt, preparedAt, ++uses_, schemaVersion});
 }
 
 namespace {
@@ -154,6 +198,8 @@ bool isReadOnlyFolder(const QString& folder)
 void configure(Connection& connection, OpenMode mode)
 {
     installEngineRules(connection);
+    // Definitions change through SQL only, never by writing the schema table.
+    sqlite3_db_config(connection.db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_busy_timeout(connection.db, 5000);
     if (mode == OpenMode::ReadOnly) {
         run(connection, QStringLiteral("SELECT count(*) FROM sqlite_master"));
@@ -262,10 +308,13 @@ Statement::Statement(Connection& connection, const QString& sql) : m_connection(
 {
     connection.requireOpen();
     m_generation = generation;
-    m_stmt = connection.takeIdle(sql);
+    m_stmt = connection.takeIdle(sql, m_schemaVersion);
     if (m_stmt)
         return;
-    const QByteArray text = sql.toUtf8();
+    // Read before the statement is prepared, so that a change in between makes it look older, not newer.
+    m_schemaVersion = connection.schemaVersion();
+    const QByteArray text =
+        withTruthComparisons(sql, [&](const QString& name) { return connection.isYesNoField(name); }).toUtf8();
     const char* tail = nullptr;
     connection.changesDefinitions = &m_changesDefinitions;
     const int rc = sqlite3_prepare_v2(connection.db, text.constData(), int(text.size()), &m_stmt, &tail);
@@ -294,7 +343,7 @@ void Statement::finalize()
         if (m_trailing || m_changesDefinitions)
             sqlite3_finalize(m_stmt);
         else
-            m_connection->keepIdle(m_sql, m_stmt, m_generation);
+            m_connection->keepIdle(m_sql, m_stmt, m_generation, m_schemaVersion);
     }
     m_stmt = nullptr;
 }
@@ -321,19 +370,25 @@ void Statement::bind(int index, const QVariant& stored)
     switch (stored.typeId()) {
     case QMetaType::Int:
     case QMetaType::LongLong:
-        sqlite3_bind_int64(m_stmt, index, stored.toLongLong());
+        checkBound(sqlite3_bind_int64(m_stmt, index, stored.toLongLong()));
         break;
     case QMetaType::Double:
-        sqlite3_bind_double(m_stmt, index, stored.toDouble());
+        checkBound(sqlite3_bind_double(m_stmt, index, stored.toDouble()));
         break;
     case QMetaType::QString: {
         const QByteArray text = stored.toString().toUtf8();
-        sqlite3_bind_text(m_stmt, index, text.constData(), int(text.size()), SQLITE_TRANSIENT);
+        checkBound(sqlite3_bind_text(m_stmt, index, text.constData(), int(text.size()), SQLITE_TRANSIENT));
         break;
     }
     default:
-        sqlite3_bind_null(m_stmt, index);
+        checkBound(sqlite3_bind_null(m_stmt, index));
     }
+}
+
+void Statement::checkBound(int rc) const
+{
+    if (rc != SQLITE_OK)
+        throw sqliteError(*m_connection, rc, sql());
 }
 
 QString Statement::text(int column) const

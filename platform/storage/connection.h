@@ -31,12 +31,20 @@ struct Connection {
     // Prepared statements kept for their next use: the program runs the same
     // few texts for every row it reads or writes, and preparing is most of the
     // cost. A statement prepared before a definition last changed is not given
-    // out again, so that the columns of "select *" follow the tables.
-    sqlite3_stmt* takeIdle(const QString& sql);
-    void keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 generation);
+    // out again, so that the columns of "select *" follow the tables; nor is
+    // one that describes columns once another program changed the schema.
+    sqlite3_stmt* takeIdle(const QString& sql, int& schemaVersion);
+    void keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 generation, int schemaVersion);
+    // The file's schema version as this connection now reads it. SQLite's own copy of the definitions
+    // is brought up to it first: it reads another program's change only as a statement runs, so that
+    // one prepared before that would describe the old columns.
+    int schemaVersion();
 
     // Set while a statement is prepared: told whether it changes a definition.
     bool* changesDefinitions = nullptr;
+
+    // True when a table of the file has a Yes/No field of this name.
+    bool isYesNoField(const QString& name);
 
     // Table names as the file spells them, by the spelling asked for, while no definition changes.
     QString knownTable(const QString& asked) const;
@@ -47,8 +55,12 @@ private:
         sqlite3_stmt* stmt = nullptr;
         quint64 generation = 0;
         quint64 used = 0;
+        int schemaVersion = 0;
     };
     QHash<QString, Idle> idle_;
+    sqlite3_stmt* schemaVersion_ = nullptr;
+    sqlite3_stmt* schemaCheck_ = nullptr;
+    int loadedSchema_ = -1;
     quint64 uses_ = 0;
     QHash<QString, QString> tables_;
     quint64 tablesGeneration_ = 0;
@@ -88,6 +100,8 @@ public:
     void finalize();
     // Binds the stored form of a value: qint64, double, QString or null.
     void bind(int index, const QVariant& stored);
+    // Throws the engine's error for a failed sqlite3_bind_* result.
+    void checkBound(int rc) const;
     QString text(int column) const;
     qint64 integer(int column) const;
 
@@ -99,6 +113,7 @@ private:
     bool m_trailing = false;
     bool m_changesDefinitions = false;
     quint64 m_generation = 0;
+    int m_schemaVersion = 0;
 };
 
 // Runs one statement to its end.

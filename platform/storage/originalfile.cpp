@@ -74,8 +74,14 @@ std::shared_ptr<Connection> memoryConnection(const QString& path)
 QByteArray fileBytes(const QString& path)
 {
     QFile file(path);
-    if (!QFileInfo(path).isFile())
+    const QFileInfo info(path);
+    if (!info.isFile())
         throw engineError(3024, {path});
+    if (info.size() > OriginalFileLimit) {
+        qWarning("%s: %lld bytes, more than a file of the original engine holds here", qUtf8Printable(path),
+                 static_cast<long long>(info.size()));
+        throw engineError(3343, {path});
+    }
     if (!file.open(QIODevice::ReadOnly))
         throw engineError(3051, {path});
     return file.readAll();
@@ -161,7 +167,8 @@ bool isOriginalEngineHeader(QByteArrayView firstBytes)
 bool isOriginalEngineFile(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    // Nothing is made of a larger file, not even a kept copy of it.
+    if (file.size() > OriginalFileLimit || !file.open(QIODevice::ReadOnly))
         return false;
     return isOriginalEngineHeader(file.read(jetMagicOffset + jetMagic.size()));
 }

@@ -48,7 +48,9 @@ void Recordset::Impl::fetch()
     requireOpen();
     sqlite3_stmt* stmt = query->handle();
     try {
-        while (query->step()) {
+        bool more = query->step();
+        followChangedColumns();
+        for (; more; more = query->step()) {
             const int row = rows.appendRow(first ? sqlite3_column_int64(stmt, 0) : 0);
             rows.readRow(row, stmt, first);
         }
@@ -59,6 +61,17 @@ void Recordset::Impl::fetch()
     }
     query.reset();
     fetched = true;
+}
+
+void Recordset::Impl::followChangedColumns()
+{
+    if (columnsKey() == shapeKey)
+        return;
+    // Values already set were set by the old columns' places.
+    if (!buffer.isEmpty())
+        throw hb::storage::sqliteError(*connection, SQLITE_SCHEMA, given, QStringLiteral("database schema has changed"));
+    describeColumns();
+    rows = RowStore(int(shape->columns.size()));
 }
 
 void Recordset::Impl::moveTo(int row)
@@ -172,6 +185,9 @@ bool Recordset::noMatch() const
 QVariant Recordset::value(const QString& field) const
 {
     Impl& r = impl();
+    // The rows are read before the field is looked up: reading them may describe the columns again.
+    if (r.mode != Impl::Mode::AddNew)
+        r.fetch();
     const int column = r.column(field);
     if (r.mode != Impl::Mode::None && r.buffer.contains(column))
         return r.presentStored(column, r.buffer.value(column));

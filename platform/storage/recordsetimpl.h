@@ -48,6 +48,8 @@ public:
     void requireEditing() const;
     int column(const QString& name) const;
     void fetch();
+    // Describes the columns again when the statement, prepared again by SQLite as it ran, reads others.
+    void followChangedColumns();
     void moveTo(int row);
     int nextLive(int from) const;
     QVariant present(int row, int column) const;
@@ -67,6 +69,7 @@ public:
     hb::storage::RecordsetSource source;
     std::unique_ptr<hb::storage::Statement> query;  // until the rows are fetched
     std::shared_ptr<hb::storage::RecordsetShape> shape;
+    QByteArray shapeKey;  // the statement's columns as the shape describes them
     int first = 0;               // 1 when the query's column 0 is the rowid
     hb::storage::RowStore rows;
     QSet<int> unread;  // rows written and not read back yet
@@ -82,6 +85,7 @@ private:
     bool prepare(const QString& sql);
     bool readsTableColumns() const;
     void describeColumns();
+    QByteArray columnsKey() const;
     QString columnList(const QList<int>& indexes) const;
     QString writeSql(const QList<int>& indexes) const;
     QString refreshSql(const QList<int>& indexes) const;

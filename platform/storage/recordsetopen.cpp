@@ -72,11 +72,11 @@ bool Recordset::Impl::readsTableColumns() const
     return true;
 }
 
-void Recordset::Impl::describeColumns()
+// The shape follows from these names alone, read as SQLite gives them.
+QByteArray Recordset::Impl::columnsKey() const
 {
     sqlite3_stmt* stmt = query->handle();
     const int count = sqlite3_column_count(stmt);
-    // The shape follows from these names alone, read as SQLite gives them.
     QByteArray key;
     key.reserve(count * 48);
     for (int i = first; i < count; ++i) {
@@ -86,6 +86,15 @@ void Recordset::Impl::describeColumns()
             key.append('\0');
         }
     }
+    return key;
+}
+
+void Recordset::Impl::describeColumns()
+{
+    sqlite3_stmt* stmt = query->handle();
+    const int count = sqlite3_column_count(stmt);
+    const QByteArray key = columnsKey();
+    shapeKey = key;
     static QHash<QByteArray, std::shared_ptr<hb::storage::RecordsetShape>> known;
     if (const auto found = known.constFind(key); found != known.cend()) {
         shape = *found;

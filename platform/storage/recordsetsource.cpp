@@ -3,66 +3,12 @@
 #include "platform/storage/connection.h"
 #include "platform/storage/errors.h"
 #include "platform/storage/schema.h"
+#include "platform/storage/sqltokens.h"
 
 #include <vector>
 
 namespace hb::storage {
 namespace {
-
-// One token of an SQL text: a word or a name ([bracketed], "quoted", `ticked`), a string literal, a
-// number, or one character of punctuation. Keywords are only ever looked for among the words, so that
-// text inside quotes never reads as a clause.
-struct Token {
-    enum Kind { Word, Name, Literal, Other } kind;
-    int start;
-    int end;  // one past the last character
-    int depth;  // of parentheses around it
-};
-
-int closingOf(const QString& sql, int at, QChar close)
-{
-    for (int i = at + 1; i < sql.size(); ++i) {
-        if (sql[i] != close)
-            continue;
-        if (close != u']' && i + 1 < sql.size() && sql[i + 1] == close) {
-            ++i;  // a doubled quote stands for itself
-            continue;
-        }
-        return i + 1;
-    }
-    return int(sql.size());
-}
-
-std::vector<Token> tokenize(const QString& sql)
-{
-    std::vector<Token> tokens;
-    int depth = 0;
-    for (int i = 0; i < sql.size();) {
-        const QChar c = sql[i];
-        if (c.isSpace()) {
-            ++i;
-            continue;
-        }
-        Token t{Token::Other, i, i + 1, depth};
-        if (c == u'\'') {
-            t = {Token::Literal, i, closingOf(sql, i, u'\''), depth};
-        } else if (c == u'"' || c == u'`' || c == u'[') {
-            t = {Token::Name, i, closingOf(sql, i, c == u'[' ? QChar(u']') : c), depth};
-        } else if (c.isLetterOrNumber() || c == u'_') {
-            int end = i;
-            while (end < sql.size() && (sql[end].isLetterOrNumber() || sql[end] == u'_' || sql[end] == u'$'))
-                ++end;
-            t = {Token::Word, i, end, depth};
-        } else if (c == u'(') {
-            ++depth;
-        } else if (c == u')') {
-            t.depth = --depth;
-        }
-        tokens.push_back(t);
-        i = t.end;
-    }
-    return tokens;
-}
 
 class Parsed {
 public:
@@ -92,6 +38,7 @@ public:
         return tokens_.size();
     }
     size_t size() const { return tokens_.size(); }
+    bool isWhole() const { return !hasUnterminatedQuote(tokens_); }
     int startOf(size_t i) const { return i < tokens_.size() ? tokens_[i].start : int(sql_.size()); }
 
 private:
@@ -117,14 +64,19 @@ RecordsetSource planSelect(Connection& connection, const QString& sql)
 {
     const Parsed p(sql);
     const RecordsetSource readOnly{sql, {}};
-    if (!p.isWord(0, "select") || p.isWord(1, "distinct") || p.isWord(1, "all"))
+    if (!p.isWhole() || !p.isWord(0, "select") || p.isWord(1, "distinct") || p.isWord(1, "all"))
         return readOnly;
     const size_t from = p.find("from");
     if (from + 1 >= p.size() || !p.isName(from + 1))
         return readOnly;
     size_t after = from + 2;
-    if (p.isName(after) && !p.isWord(after, "where") && !p.isWord(after, "order"))
-        ++after;  // an alias
+    size_t alias = 0;
+    if (p.isWord(after, "as") && p.isName(after + 1)) {
+        alias = after + 1;
+        after += 2;
+    } else if (p.isName(after) && !p.isWord(after, "where") && !p.isWord(after, "order")) {
+        alias = after++;
+    }
     const size_t orderAt = p.find("order", after);
     const bool ordered = p.isWord(orderAt + 1, "by");
     const size_t restEnd = ordered ? orderAt : p.size();
@@ -136,7 +88,7 @@ RecordsetSource planSelect(Connection& connection, const QString& sql)
     if (table.isEmpty())
         return readOnly;  // SQLite names the missing table
     // The alias or the table's own name, as the text calls it, qualifies the rowid.
-    const QString qualifier = after > from + 2 ? p.text(from + 2).toString() : p.text(from + 1).toString();
+    const QString qualifier = p.text(alias ? alias : from + 1).toString();
     const QString head = QStringLiteral("SELECT %1.rowid, ").arg(qualifier);
     const QString body = sql.mid(p.startOf(1));
     return {head + body, table};
@@ -163,6 +115,8 @@ bool isPlainInteger(QStringView text)
 std::optional<SharedSelect> shareLiterals(const QString& sql)
 {
     const std::vector<Token> tokens = tokenize(sql);
+    if (hasUnterminatedQuote(tokens))
+        return std::nullopt;  // SQLite refuses it
     const auto text = [&](size_t i) { return QStringView(sql).mid(tokens[i].start, tokens[i].end - tokens[i].start); };
     if (tokens.empty() || tokens[0].kind != Token::Word || text(0).compare(u"select", Qt::CaseInsensitive) != 0)
         return std::nullopt;
@@ -182,7 +136,7 @@ std::optional<SharedSelect> shareLiterals(const QString& sql)
             continue;
         const QStringView t = text(i);
         const bool followedByPoint = i + 1 < tokens.size() && text(i + 1) == u".";
-        if (tokens[i].kind == Token::Literal && t.size() >= 2 && t.back() == u'\'') {
+        if (tokens[i].kind == Token::Literal) {
             shared.values << t.mid(1, t.size() - 2).toString().replace(QLatin1String("''"), QLatin1String("'"));
         } else if (tokens[i].kind == Token::Word && isPlainInteger(t) && !followedByPoint) {
             shared.values << t.toLongLong();
@@ -202,7 +156,7 @@ std::optional<SharedSelect> shareLiterals(const QString& sql)
 RecordsetSource planRecordset(Connection& connection, const QString& tableNameOrSql)
 {
     const Parsed p(tableNameOrSql);
-    if (p.size() != 1 || !p.isName(0) || p.isWord(0, "select"))
+    if (p.size() != 1 || !p.isName(0) || p.isWord(0, "select") || !p.isWhole())
         return planSelect(connection, tableNameOrSql);
     const QString table = resolveTable(connection, unquoted(tableNameOrSql));
     if (table.isEmpty())

@@ -205,7 +205,7 @@ void Recordset::findFirst(const QString& criteria)
             continue;
         r.readBack(row);
         for (int c = 0; c < r.shape->columns.size(); ++c)
-            r.rows.bindCell(test->handle(), c + 1, r.rows.cell(row, c));
+            test->checkBound(r.rows.bindCell(test->handle(), c + 1, r.rows.cell(row, c)));
         const bool match = test->step();
         sqlite3_reset(test->handle());
         if (match) {

@@ -46,15 +46,16 @@ void RowStore::readRow(int row, sqlite3_stmt* statement, int first)
     }
 }
 
-void RowStore::bindCell(sqlite3_stmt* statement, int index, const Cell& cell) const
+int RowStore::bindCell(sqlite3_stmt* statement, int index, const Cell& cell) const
 {
     switch (cell.kind) {
-    case Cell::Integer: sqlite3_bind_int64(statement, index, cell.integer); break;
-    case Cell::Real: sqlite3_bind_double(statement, index, cell.real); break;
-    case Cell::Text: sqlite3_bind_text(statement, index, bytes(cell), int(cell.bytes.size), SQLITE_STATIC); break;
-    case Cell::Blob: sqlite3_bind_blob(statement, index, bytes(cell), int(cell.bytes.size), SQLITE_STATIC); break;
-    case Cell::Null: sqlite3_bind_null(statement, index); break;
+    case Cell::Integer: return sqlite3_bind_int64(statement, index, cell.integer);
+    case Cell::Real: return sqlite3_bind_double(statement, index, cell.real);
+    case Cell::Text: return sqlite3_bind_text(statement, index, bytes(cell), int(cell.bytes.size), SQLITE_STATIC);
+    case Cell::Blob: return sqlite3_bind_blob(statement, index, bytes(cell), int(cell.bytes.size), SQLITE_STATIC);
+    case Cell::Null: break;
     }
+    return sqlite3_bind_null(statement, index);
 }
 
 void RowStore::reorder(const std::vector<int>& order)

@@ -42,7 +42,8 @@ public:
     const Cell& cell(int row, int column) const { return m_cells[at(row) * m_columns + column]; }
     const char* bytes(const Cell& cell) const { return m_text.constData() + cell.bytes.offset; }
     const char* textBase() const { return m_text.constData(); }
-    void bindCell(sqlite3_stmt* statement, int index, const Cell& cell) const;
+    // SQLite's result of the bind.
+    int bindCell(sqlite3_stmt* statement, int index, const Cell& cell) const;
 
     qint64 rowid(int row) const { return m_rowids[at(row)]; }
     void setRowid(int row, qint64 rowid) { m_rowids[at(row)] = rowid; }

@@ -34,10 +34,9 @@ bool columnOf(Connection& connection, const QString& table, const QString& field
     return true;
 }
 
-// Gives a column that no index uses yet another collation. Collations of unindexed columns are not
-// stored in the rows, so changing the text of the table's definition is enough; SQLite documents this.
-void setCollation(Connection& connection, const QString& table, const QString& column, const QString& declared,
-                  const QString& from, const QString& to)
+// The definition of the table with another collation for one column.
+QString withCollation(Connection& connection, const QString& table, const QString& column, const QString& declared,
+                      const QString& from, const QString& to)
 {
     Statement read(connection, QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ?1"));
     read.bind(1, table);
@@ -49,20 +48,38 @@ void setCollation(Connection& connection, const QString& table, const QString& c
     const qsizetype at = sql.indexOf(old, 0, Qt::CaseInsensitive);
     if (at < 0)
         throw engineError(3000, {QStringLiteral("0"), QStringLiteral("the definition of %1 is not as expected").arg(column)});
-    sql.replace(at, old.size(), quoted(column) + QLatin1Char(' ') + declared + QLatin1String(" COLLATE ") + to);
+    return sql.replace(at, old.size(), quoted(column) + QLatin1Char(' ') + declared + QLatin1String(" COLLATE ") + to);
+}
 
-    Statement version(connection, QStringLiteral("PRAGMA schema_version"));
-    const qint64 schemaVersion = version.step() ? version.integer(0) : 0;
-    version.finalize();
-    sqlite3_db_config(connection.db, SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
-    run(connection, QStringLiteral("PRAGMA writable_schema = ON"));
-    Statement write(connection, QStringLiteral("UPDATE sqlite_master SET sql = ?1 WHERE type = 'table' AND name = ?2"));
-    write.bind(1, sql);
-    write.bind(2, table);
-    write.step();
-    write.finalize();
-    run(connection, QStringLiteral("PRAGMA schema_version = %1").arg(schemaVersion + 1));
-    run(connection, QStringLiteral("PRAGMA writable_schema = OFF"));
+// The indexes and triggers of the table, as they were created.
+QStringList dependents(Connection& connection, const QString& table)
+{
+    Statement read(connection, QStringLiteral("SELECT sql FROM sqlite_master WHERE tbl_name = ?1 "
+                                              "AND type IN ('index', 'trigger') AND sql IS NOT NULL ORDER BY rowid"));
+    read.bind(1, table);
+    QStringList sqls;
+    while (read.step())
+        sqls << read.text(0);
+    return sqls;
+}
+
+// Makes the table again from a changed definition, as SQLite prescribes for changes ALTER TABLE cannot
+// make: a new table, the rows copied, the old one dropped, the new one renamed, its indexes and triggers
+// made again, and the references of other tables checked. Runs inside the caller's transaction, with
+// foreign keys off.
+void rebuild(Connection& connection, const QString& table, const QString& definition)
+{
+    const QStringList again = dependents(connection, table);
+    const QString scratch = QStringLiteral("hb_rebuild_") + table;
+    run(connection, QStringLiteral("CREATE TABLE %1 %2").arg(quoted(scratch), definition.mid(definition.indexOf(u'('))));
+    run(connection, QStringLiteral("INSERT INTO %1 SELECT * FROM %2").arg(quoted(scratch), quoted(table)));
+    run(connection, QStringLiteral("DROP TABLE %1").arg(quoted(table)));
+    run(connection, QStringLiteral("ALTER TABLE %1 RENAME TO %2").arg(quoted(scratch), quoted(table)));
+    for (const QString& sql : again)
+        run(connection, sql);
+    Statement check(connection, QStringLiteral("PRAGMA foreign_key_check"));
+    if (check.step())
+        throw engineError(3201, {check.text(2)});
 }
 
 }  // namespace
@@ -78,17 +95,20 @@ void addTextLookupIndex(Connection& connection, const QString& tableName, const 
     const QString index = table + QLatin1Char('_') + column + QLatin1String("Lookup");
     if (indexExists(connection, index))
         return;
+    // Foreign keys are switched only outside a transaction; the rebuild checks them itself.
+    run(connection, QStringLiteral("PRAGMA foreign_keys = OFF"));
     run(connection, QStringLiteral("BEGIN IMMEDIATE"));
     try {
         if (collation.compare(QLatin1String(TextOrderCollation), Qt::CaseInsensitive) != 0)
-            setCollation(connection, table, column, declared, collation, QLatin1String(TextOrderCollation));
+            rebuild(connection, table, withCollation(connection, table, column, declared, collation, QLatin1String(TextOrderCollation)));
         run(connection, QStringLiteral("CREATE INDEX %1 ON %2 (%3)").arg(quoted(index), quoted(table), quoted(column)));
         run(connection, QStringLiteral("COMMIT"));
     } catch (...) {
         sqlite3_exec(connection.db, "ROLLBACK", nullptr, nullptr, nullptr);
-        sqlite3_exec(connection.db, "PRAGMA writable_schema = OFF", nullptr, nullptr, nullptr);
+        sqlite3_exec(connection.db, "PRAGMA foreign_keys = ON", nullptr, nullptr, nullptr);
         throw;
     }
+    run(connection, QStringLiteral("PRAGMA foreign_keys = ON"));
 }
 
 }  // namespace hb::storage

@@ -31,7 +31,7 @@ done
 echo "== Unpacked"
 root="$scratch/root"
 dpkg -x "$deb" "$root" || fail "dpkg -x could not unpack the package"
-for file in usr/bin/homebook usr/share/homebook/hb10db.shell usr/share/homebook/export.mdb \
+for file in usr/bin/homebook usr/libexec/homebook/homebook-mdbreader usr/share/homebook/hb10db.shell usr/share/homebook/export.mdb \
   usr/share/homebook/help/index.html usr/share/applications/org.homebook.Homebook.desktop \
   usr/share/metainfo/org.homebook.Homebook.metainfo.xml usr/share/icons/hicolor/scalable/apps/homebook.svg \
   usr/share/icons/hicolor/48x48/apps/homebook.png usr/share/icons/hicolor/256x256/apps/homebook.png; do

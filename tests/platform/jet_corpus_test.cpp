@@ -9,6 +9,11 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <thread>
+
+#include <iconv.h>
+
 namespace {
 
 // The inputs are near copies of a few fixture files, so they are kept xz-compressed: the corpus as one
@@ -84,6 +89,36 @@ TEST(JetCorpus, AReaderThatRunsOutOfTimeIsEndedAndTheFileTakenAsDamaged)
 
     hb::jet::readJetFileIsolated(bytes, sink, hb::jet::readingTimeLimitMs(bytes.size()));
     EXPECT_EQ(sink.rows.size(), 13);  // the header and twelve listings
+}
+
+// Another thread of the program busy in the C library's character conversions (libmdb's first call) when the
+// reader starts: a forked copy would inherit the lock that thread holds and wait for it forever.
+TEST(JetCorpus, TheReaderIsAProgramOfItsOwnThatNoLockOfTheProgramHolds)
+{
+    QFile file(jettest::dataFile("homebook_v2.mdb"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    std::atomic<bool> done{false};
+    std::thread busy([&] {
+        while (!done) {
+            const iconv_t conversion = iconv_open("UCS-2LE", "UTF-8");
+            if (conversion != iconv_t(-1))
+                iconv_close(conversion);
+        }
+    });
+    int read = 0;
+    for (int round = 0; round < 12; ++round) {
+        jettest::CsvSink sink(QStringLiteral("Roof"));
+        try {
+            hb::jet::readJetFileIsolated(bytes, sink, 10000);
+            read += sink.rows.size() == 13 ? 1 : 0;
+        } catch (const hb::jet::JetFault& fault) {
+            ADD_FAILURE() << fault.what();
+        }
+    }
+    done = true;
+    busy.join();
+    EXPECT_EQ(read, 12);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "platform/storage/originalfile.h"
 
 #include <QCryptographicHash>
+#include <QElapsedTimer>
 
 #include <cmath>
 #include <QTemporaryDir>
@@ -185,6 +186,27 @@ TEST_F(JetDatabase, AMissingTableIs3078AndADamagedFile3343)
         EXPECT_TRUE(Database::isOriginalFile(file));
         EXPECT_EQ(errorOf([&] { Database::open(file); }), 3343);
     }
+}
+
+// A file with a valid header far larger than any book (here 2 GB, sparse) is refused at once, before a
+// byte of it is read, and nothing is written for it.
+TEST_F(JetDatabase, AFileLargerThanAnyBookIsRefusedBeforeItIsRead)
+{
+    const QString huge = copied("homebook_v2.mdb", "huge.mdb");
+    QFile file(huge);
+    ASSERT_TRUE(file.resize(qint64(2) << 30));
+    EXPECT_GT(file.size(), hb::storage::OriginalFileLimit);
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_FALSE(Database::isOriginalFile(huge));  // so the start makes no copy of it
+    EXPECT_EQ(errorOf([&] { Database::open(huge); }), 3343);
+    EXPECT_EQ(errorOf([&] { Database::convertOriginalFile(huge, path("converted.db")); }), 3343);
+    EXPECT_LT(timer.elapsed(), 3000);
+    EXPECT_FALSE(QFileInfo::exists(path("converted.db")));
+
+    ASSERT_TRUE(file.resize(hb::storage::OriginalFileLimit));  // the largest that is read
+    EXPECT_TRUE(Database::isOriginalFile(huge));
+    EXPECT_EQ(errorOf([&] { Database::open(huge); }), 0);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "storage_fixture.h"
 
+#include "platform/storage/connection.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
@@ -192,6 +194,27 @@ TEST_F(StorageErrors, ExecuteRefusesSelectsAndTrailingStatements)
     EXPECT_EQ(errorOf([&] { db.openRecordset("select * from Roof; delete from Roof"); }), 3142);
     EXPECT_EQ(count("Roof"), 1);
     EXPECT_EQ(errorOf([&] { db.execute("delete from Roof;"); }), 0);
+}
+
+// A literal or a quoted name left open is refused alike by a recordset and by an action query.
+TEST_F(StorageErrors, AnUnterminatedQuoteIs3075OnEveryPath)
+{
+    for (const QString& open : {"'O''", "'Anders", "[RoofName", "\"RoofName"}) {
+        const QString where = " where RoofName = " + open;
+        EXPECT_EQ(errorOf([&] { db.openRecordset("select * from Roof" + where).eof(); }), 3075) << open.toStdString();
+        EXPECT_EQ(errorOf([&] { db.execute("delete from Roof" + where); }), 3075) << open.toStdString();
+    }
+    EXPECT_EQ(count("Roof"), 1);
+}
+
+TEST_F(StorageErrors, AFailedBindIsTheEnginesError)
+{
+    Recordset rs = db.openRecordset("Roof");
+    rs.findFirst("RoofName = 'Anders'");
+    EXPECT_FALSE(rs.noMatch());
+    const auto connection = hb::storage::openConnection(path("test.db"), hb::storage::OpenMode::Existing);
+    hb::storage::Statement statement(*connection, "select ?1");
+    EXPECT_EQ(errorOf([&] { statement.bind(2, 1); }), 3000);
 }
 
 TEST_F(StorageErrors, OtherSqliteFailuresAre3000WithSqlitesCode)

@@ -1,5 +1,7 @@
 #include "storage_fixture.h"
 
+#include "platform/storage/transaction.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -131,6 +133,29 @@ TEST_F(StorageFile, EveryUpdateOutlivesAKilledProcess)
     EXPECT_TRUE(QFile::exists(path("test.db-wal")));
     Database reopened = Database::open(path("test.db"));
     EXPECT_EQ(reopened.openRecordset("Roof").recordCount(), 50);
+}
+
+// A transaction keeps what it committed; one that ends without a commit, after a failure or not, leaves
+// the tables as they were.
+TEST_F(StorageTest, ATransactionEndedWithoutCommitLeavesTheTablesAsTheyWere)
+{
+    {
+        hb::storage::Transaction transaction(db);
+        addRoof(1, "Anders");
+        transaction.commit();
+    }
+    {
+        hb::storage::Transaction transaction(db);
+        addRoof(2, "Berg");
+    }
+    EXPECT_EQ(errorOf([&] {
+        hb::storage::Transaction transaction(db);
+        addRoof(3, "Carlsen");
+        addRoof(1, "Anders again");
+        transaction.commit();
+    }), 3022);
+    EXPECT_EQ(column("select RoofName from Roof"), QStringList({"Anders"}));
+    EXPECT_EQ(errorOf([&] { hb::storage::Transaction(db).commit(); }), 0);  // none is left open
 }
 
 }  // namespace

@@ -56,6 +56,27 @@ TEST_F(StorageLookup, EqualityOnTheNameUsesTheIndexWithoutRegardToCase)
     EXPECT_EQ(column("PRAGMA integrity_check"), QStringList({"ok"}));
 }
 
+// The collation of the name changes by a rebuild of the table: an index already on the name, the rows,
+// the individuals that refer to them and the guard against writes to the schema table all stay whole.
+TEST_F(StorageTest, TheLookupIndexRebuildsTheTableAndKeepsItsIndexesAndGuards)
+{
+    int n = 0;
+    for (const char* name : {"Éclair Café", "eclair cafe", "Zeta", "Ødegård", "abc"})
+        addRoof(++n, name, "Town");
+    addPerson(2, 1, "Eva");
+    db.execute("create index ByName on Roof (RoofName)");
+    db.addTextLookupIndex("Roof", "RoofName");
+    EXPECT_EQ(column("PRAGMA integrity_check"), QStringList({"ok"}));
+    EXPECT_EQ(column("PRAGMA foreign_key_check"), QStringList());
+    EXPECT_EQ(column("select RoofNumber from Roof indexed by ByName where RoofName = 'ECLAIR CAFE'"), QStringList({"2"}));
+    EXPECT_EQ(column("select FirstName from Person where RoofNumber = 2"), QStringList({"Eva"}));
+    EXPECT_EQ(count("select * from sqlite_master where name = 'hb_rebuild_Roof'"), 0);
+    EXPECT_EQ(errorOf([&] { db.execute("delete from Roof where RoofNumber = 2"); }), 0);
+    EXPECT_EQ(count("Person"), 0);  // the relation cascades as before
+    db.execute("PRAGMA writable_schema = ON");
+    EXPECT_NE(errorOf([&] { db.execute("update sqlite_master set sql = sql where name = 'Roof'"); }), 0);
+}
+
 TEST_F(StorageLookup, TheSqliteShellReadsTheFileButCannotFileRowsOutOfOrder)
 {
     if (shell().isEmpty())

@@ -211,6 +211,36 @@ TEST_F(StorageRecordset, BooleanReadsMinusOneAndZero)
     }
 }
 
+// The engine's True is -1: a Yes/No field compared with -1 finds the rows that are true, an integer
+// field compared with -1 stays a comparison of numbers.
+TEST_F(StorageRecordset, YesNoComparedWithMinusOneFindsTrue)
+{
+    db.execute("update roof set roofselected = true, RoofType = -1 where roofnumber = 2");
+    const struct {
+        const char* criteria;
+        QStringList names;
+    } cases[] = {
+        {"RoofSelected = -1", {"Berg"}},
+        {"[RoofSelected]=-1", {"Berg"}},
+        {"-1 = RoofSelected and RoofNumber > 0", {"Berg"}},
+        {"RoofSelected <> -1", {"Anders", "Carlsen"}},
+        {"not (RoofSelected != -1)", {"Berg"}},
+        {"RoofType = -1", {"Berg"}},
+        {"RoofNumber = -1 + 4", {"Carlsen"}},
+        {"RoofSelected = -1.5", {}},
+        {"RoofName = '-1' or RoofSelected = - 1 /* = -1 */", {"Berg"}},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(column(QString("select RoofName from Roof where %1 order by RoofNumber").arg(c.criteria)), c.names)
+            << c.criteria;
+        Recordset rs = db.openRecordset("select * from Roof order by RoofNumber");
+        rs.findFirst(c.criteria);
+        EXPECT_EQ(rs.noMatch() ? QString() : rs.value("RoofName").toString(), c.names.value(0)) << c.criteria;
+    }
+    db.execute("update Roof set RoofListed = -1 where RoofSelected = -1");
+    EXPECT_EQ(column("select RoofName from Roof where RoofListed = true"), QStringList({"Berg"}));
+}
+
 TEST_F(StorageRecordset, DatesRoundTripWithAndWithoutTime)
 {
     Recordset rs = db.openRecordset("Roof");
@@ -340,6 +370,29 @@ TEST_F(StorageKeywords, ListingsNamedWithSqlWordsCanBeEdited)
             EXPECT_NO_THROW(rs.update()) << sql.toStdString();
             db.execute("update Roof set City = 'Old Town'");
         }
+    }
+}
+
+// Comments are blanks: words, quotes and literals in them neither change the rows nor make the
+// recordset read-only, and an alias reads alike with or without "as".
+TEST_F(StorageKeywords, CommentsAndAliasesLeaveARecordsetEditable)
+{
+    addRoof(1, "Anders", "Oslo");
+    addRoof(2, "Berg", "Bergen");
+    for (const char* sql : {"select * from Roof where RoofName = 'Berg' -- not 'Anders'",
+                            "select * from Roof -- Anders' house, join\nwhere RoofName = 'Berg'",
+                            "select * /* 'x' order by */ from Roof where /* RoofName = 'Anders' and */ RoofName = 'Berg'",
+                            "select * from Roof as r where r.RoofName = 'Berg'",
+                            "select r.* from Roof AS r where RoofName = 'Berg' order by r.SortName",
+                            "select * from Roof r where r.RoofName = 'Berg'"}) {
+        Recordset rs = db.openRecordset(sql);
+        ASSERT_EQ(rs.recordCount(), 1) << sql;
+        EXPECT_EQ(rs.value("RoofName").toString(), "Berg") << sql;
+        rs.edit();
+        rs.setValue("City", "Voss");
+        EXPECT_NO_THROW(rs.update()) << sql;
+        EXPECT_EQ(column("select City from Roof order by RoofNumber"), QStringList({"Oslo", "Voss"})) << sql;
+        db.execute("update Roof set City = 'Bergen' where RoofNumber = 2 -- back");
     }
 }
 

@@ -137,6 +137,72 @@ TEST_F(StorageSchema, KeptQueriesFollowChangedDefinitions)
     EXPECT_EQ(fields(), before + QStringList({"Cell", "Fax"}));
 }
 
+// A definition changed between the opening of a recordset and the reading of its rows, by this handle or
+// by another program, never puts a value under another field's name.
+class StorageColumnDrift : public StorageTest {
+protected:
+    void SetUp() override
+    {
+        StorageTest::SetUp();
+        freshNotes();
+    }
+
+    void freshNotes()
+    {
+        db.execute("drop table if exists Notes");
+        db.execute("create table Notes (N integer, Name text, Note text)");
+        db.execute("insert into Notes values (1, 'n', 'x')");
+    }
+
+    void changeElsewhere(const QString& sql)
+    {
+        QProcess shell;
+        shell.start(QStandardPaths::findExecutable("sqlite3"), {path("test.db"), sql});
+        ASSERT_TRUE(shell.waitForFinished(-1));
+        ASSERT_EQ(shell.exitCode(), 0) << shell.readAllStandardError().toStdString();
+    }
+};
+
+TEST_F(StorageColumnDrift, RowsReadAfterAChangeShowTheirOwnFields)
+{
+    const struct {
+        const char* change;
+        QStringList fields;
+        bool elsewhere;
+    } cases[] = {
+        {"alter table Notes drop column Name", {"N", "Note"}, false},
+        {"alter table Notes add column Extra text", {"N", "Name", "Note", "Extra"}, false},
+        {"alter table Notes drop column Name", {"N", "Note"}, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.change);
+        for (const char* sql : {"Notes", "select * from Notes", "select * from Notes where N = 1"}) {
+            Recordset rs = db.openRecordset(sql);
+            if (c.elsewhere)
+                changeElsewhere(c.change);
+            else
+                db.execute(c.change);
+            EXPECT_EQ(rs.value("Note").toString(), "x") << sql;
+            EXPECT_EQ(rs.fieldNames(), c.fields) << sql;
+            rs.close();
+            freshNotes();
+        }
+    }
+}
+
+// A query kept prepared by this process is not described by its old columns once another program
+// changed the table.
+TEST_F(StorageColumnDrift, AKeptQueryFollowsAChangeByAnotherProgram)
+{
+    for (int round = 0; round < 2; ++round)
+        EXPECT_EQ(db.openRecordset("select * from Notes").fieldNames(), QStringList({"N", "Name", "Note"}));
+    changeElsewhere("alter table Notes drop column Name");
+    Recordset rs = db.openRecordset("select * from Notes");
+    EXPECT_EQ(rs.fieldNames(), QStringList({"N", "Note"}));
+    EXPECT_FALSE(rs.hasField("Name"));
+    EXPECT_EQ(rs.value("Note").toString(), "x");
+}
+
 TEST_F(StorageSchema, CreatingAnExistingTableFailsAndLeavesItWhole)
 {
     addRoof(1, "Anders");
