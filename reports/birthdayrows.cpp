@@ -5,7 +5,7 @@
 #include "core/misc.h"
 #include "core/session.h"
 #include "core/setup.h"
-#include "core/transaction.h"
+#include "platform/storage/transaction.h"
 #include "platform/clock.h"
 #include "platform/dates.h"
 
@@ -111,14 +111,14 @@ void RowWriter::addRow(const QString& month, const QString& day, const QString& 
 
 void clearRows()
 {
-    Transaction transaction;
+    storage::Transaction transaction(DB);
     ClearRptBirthday();
     transaction.commit();
 }
 
 void selectEverybody()
 {
-    Transaction transaction;
+    storage::Transaction transaction(DB);
     PersonRS = DB.openRecordset(QStringLiteral("Person"));
     for (; !PersonRS.eof(); PersonRS.moveNext()) {
         PersonRS.edit();
@@ -134,7 +134,7 @@ int computeRows(int year)
 {
     int runningMonth = 0;
     int persons = 0;
-    Transaction transaction;
+    storage::Transaction transaction(DB);
     ClearRptBirthday();
     BirthdayRS = DB.openRecordset(QStringLiteral("RptBirthday"));
     SQL = QStringLiteral("Select * from Person where BirthMonthNumber > 0 Order by BirthMonthNumber, BirthDayNumber");

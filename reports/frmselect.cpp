@@ -4,7 +4,7 @@
 #include "core/misc.h"
 #include "core/options.h"
 #include "core/session.h"
-#include "core/transaction.h"
+#include "platform/storage/transaction.h"
 #include "platform/ui/listbox.h"
 
 #include <QCoreApplication>
@@ -280,7 +280,7 @@ void FrmSelect::cmdCompute_Click()
     }
     {
         // One commit for the flags of every name rather than one for each.
-        Transaction transaction;
+        storage::Transaction transaction(DB);
         if (listingMode())
             storeListingFlags();
         if (ReportType == QLatin1String("B"))

@@ -199,7 +199,8 @@ TEST_F(StorageErrors, ExecuteRefusesSelectsAndTrailingStatements)
 // A literal or a quoted name left open is refused alike by a recordset and by an action query.
 TEST_F(StorageErrors, AnUnterminatedQuoteIs3075OnEveryPath)
 {
-    for (const QString& open : {"'O''", "'Anders", "[RoofName", "\"RoofName"}) {
+    for (const char* text : {"'O''", "'Anders", "[RoofName", "\"RoofName"}) {
+        const QString open = QString::fromLatin1(text);
         const QString where = " where RoofName = " + open;
         EXPECT_EQ(errorOf([&] { db.openRecordset("select * from Roof" + where).eof(); }), 3075) << open.toStdString();
         EXPECT_EQ(errorOf([&] { db.execute("delete from Roof" + where); }), 3075) << open.toStdString();
