@@ -157,12 +157,8 @@ void FrmAddressBook::selectCurrentRoof()
 void FrmAddressBook::DisplayRoof()
 {
     SQL = QStringLiteral("Select * from Roof where RoofNumber =") + NumText(CurrentRoof);
-    RoofRS = DB.openRecordset(SQL);
-    if (RoofRS.eof()) {
-        RoofRS.close();
+    if (!openRow(RoofRS, SQL))
         return;
-    }
-    RoofRS.moveFirst();
     lblDName->setText(DoubleAmpersand(field(RoofRS, "RoofName")));
     lblDType->setText(DoubleAmpersand(RoofTypeName(static_cast<qint16>(RoofRS.value(QStringLiteral("RoofType")).toInt()))));
     const std::pair<QLabel*, const char*> texts[] = {{lblDAddress1, "Address1"}, {lblDAddress2, "Address2"},
@@ -218,12 +214,8 @@ void FrmAddressBook::DisplayPersonInfo()
         return;
     SQL = QStringLiteral("Select * from Person where RoofNumber =") + NumText(CurrentRoof) +
           QStringLiteral(" and PersonNumber =") + NumText(lstPersons->itemData(lstPersons->listIndex()));
-    PersonRS = DB.openRecordset(SQL);
-    if (PersonRS.eof()) {
-        PersonRS.close();
+    if (!openRow(PersonRS, SQL))
         return;
-    }
-    PersonRS.moveFirst();
     lblDFirstName->setText(DoubleAmpersand(field(PersonRS, "FirstName")));
     lblDLastName->setText(DoubleAmpersand(field(PersonRS, "LastName")));
     lblDWork->setText(DoubleAmpersand(field(PersonRS, "Work")));

@@ -68,12 +68,8 @@ void FrmAddressBook::cmdChange_Click()
     ClearRoof();
     ClearIndividuals();
     SQL = QStringLiteral("Select * from Roof where RoofNumber =") + NumText(CurrentRoof);
-    RoofRS = DB.openRecordset(SQL);
-    if (RoofRS.eof()) {
-        RoofRS.close();
+    if (!openRow(RoofRS, SQL))
         return;
-    }
-    RoofRS.moveFirst();
     copyListingToBoxes();
     RoofRS.close();
     UpdateFamilyMode();
@@ -202,12 +198,8 @@ void FrmAddressBook::cmdDelete_Click()
     const int index = lstAddressBook->listIndex();
     const qint16 shownNext = index > 0 ? static_cast<qint16>(lstAddressBook->itemData(index - 1)) : 0;
     SQL = QStringLiteral("Select * from Roof where RoofNumber =") + NumText(CurrentRoof);
-    RoofRS = DB.openRecordset(SQL);
-    if (RoofRS.eof()) {
-        RoofRS.close();
+    if (!openRow(RoofRS, SQL))
         return;
-    }
-    RoofRS.moveFirst();
     const int answer = ui::msgBox(QStringLiteral("Are you sure? All associated individuals will also be deleted!"),
                                   MsgOkCancel, QStringLiteral("Delete ") + fieldText(RoofRS, "RoofName"));
     if (answer == ui::AnswerCancel) {

@@ -57,12 +57,8 @@ void FrmAddressBook::cmdIndChange_Click()
     ClearIndividuals();
     UpdateIndividualMode();
     SQL = personQuery(CurrentRoof, CurrentPerson);
-    PersonRS = DB.openRecordset(SQL);
-    if (PersonRS.eof()) {
-        PersonRS.close();
+    if (!openRow(PersonRS, SQL))
         return;
-    }
-    PersonRS.moveFirst();
     copyPersonToBoxes();
     PersonRS.close();
     txtFirstName->setFocus();
@@ -156,12 +152,8 @@ void FrmAddressBook::cmdIndDelete_Click()
     const qint16 nextShown = personShownAfterDelete();
     CurrentPerson = static_cast<qint16>(lstPersons->itemData(index));
     SQL = personQuery(CurrentRoof, CurrentPerson);
-    PersonRS = DB.openRecordset(SQL);
-    if (PersonRS.eof()) {
-        PersonRS.close();
+    if (!openRow(PersonRS, SQL))
         return;
-    }
-    PersonRS.moveFirst();
     // Untrimmed, and the question has no closing punctuation.
     const QString name = fieldText(PersonRS, "FirstName") + QLatin1Char(' ') + fieldText(PersonRS, "LastName");
     const int answer = ui::msgBox(QStringLiteral("Are you sure you want to delete ") + name, MsgOkCancel,

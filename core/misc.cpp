@@ -87,4 +87,15 @@ QString ListingText(const QVariant& sortName, const QVariant& roofName)
     return ListingText(sortName.toString(), roofName.toString());
 }
 
+bool openRow(Recordset& rs, const QString& sql)
+{
+    rs = DB.openRecordset(sql);
+    if (rs.eof()) {
+        rs.close();
+        return false;
+    }
+    rs.moveFirst();
+    return true;
+}
+
 } // namespace hb

@@ -5,7 +5,13 @@
 #include <QString>
 #include <QVariant>
 
+class Recordset;
+
 namespace hb {
+
+// Opens rs on the first row that sql finds, into the window's shared recordset; false, with it closed,
+// when the row is gone.
+bool openRow(Recordset& rs, const QString& sql);
 
 QString DoubleQuotes(const QString& text);       // each apostrophe doubled, for SQL literals
 QString DoubleAmpersand(const QString& text);    // the first "&" doubled, for captions

@@ -4,6 +4,7 @@
 #include "core/frame.h"
 #include "core/session.h"
 #include "mailing/labelrows.h"
+#include "platform/ui/lineedits.h"
 #include "platform/ui/twips.h"
 #include "platform/ui/windowservice.h"
 
@@ -11,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -106,14 +106,8 @@ void FrmEditLabel::cmdCancel_Click()
 bool FrmEditLabel::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn) {
-        if (auto* edit = qobject_cast<QLineEdit*>(watched)) {
-            QTimer::singleShot(0, edit, [edit] {
-                QString text = edit->text();
-                while (!text.isEmpty() && text.back() == QLatin1Char(' '))
-                    text.chop(1);
-                edit->setSelection(0, int(text.size()));
-            });
-        }
+        if (auto* edit = qobject_cast<QLineEdit*>(watched))
+            ui::selectTextOnEntry(edit);
     }
     return Form::eventFilter(watched, event);
 }

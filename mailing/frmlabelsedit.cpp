@@ -7,26 +7,18 @@
 #include "platform/ui/listbox.h"
 #include "platform/ui/windowservice.h"
 
-#include <QCoreApplication>
 
 namespace hb {
 
 void FrmLabels::cmdTypesSelect_Click()
 {
-    TypesLoading = true;
-    lstTypes->setAllSelected(true);
-    QCoreApplication::processEvents();
-    if (lstTypes->listCount() > 0)
-        lstTypes->setListIndex(0);
-    TypesLoading = false;
+    ui::chooseAllLines(*lstTypes, true, TypesLoading);
     lstTypes_Click();
 }
 
 void FrmLabels::cmdTypesClear_Click()
 {
-    TypesLoading = true;
-    lstTypes->setAllSelected(false);
-    TypesLoading = false;
+    ui::chooseAllLines(*lstTypes, false, TypesLoading);
     lstSelections->clearList();
     lstLabels->clearList();
     DisplayLabelCount();
@@ -34,25 +26,13 @@ void FrmLabels::cmdTypesClear_Click()
 
 void FrmLabels::cmdLabelsSelect_Click()
 {
-    NamesBusy = true;
-    {
-        ui::ListBox::Filling filling(lstSelections);
-        lstSelections->setAllSelected(true);
-        if (lstSelections->listCount() > 0)
-            lstSelections->setListIndex(0);
-    }
-    NamesBusy = false;
+    ui::chooseAllLines(*lstSelections, true, NamesBusy);
     UpdateLabelList();
 }
 
 void FrmLabels::cmdLabelsClear_Click()
 {
-    NamesBusy = true;
-    {
-        ui::ListBox::Filling filling(lstSelections);
-        lstSelections->setAllSelected(false);
-    }
-    NamesBusy = false;
+    ui::chooseAllLines(*lstSelections, false, NamesBusy);
     lstLabels->clearList();
     DisplayLabelCount();
 }

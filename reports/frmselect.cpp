@@ -7,7 +7,6 @@
 #include "platform/storage/transaction.h"
 #include "platform/ui/listbox.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -214,45 +213,26 @@ void FrmSelect::addPersonsOfType(qint16 type)
 
 void FrmSelect::cmdTypesSelect_Click()
 {
-    TypesLoading = true;
-    lstTypes->setAllSelected(true);
-    QCoreApplication::processEvents();
-    if (lstTypes->listCount() > 0)
-        lstTypes->setListIndex(0);
-    TypesLoading = false;
+    ui::chooseAllLines(*lstTypes, true, TypesLoading);
     lstTypes_Click();
 }
 
 void FrmSelect::cmdTypesClear_Click()
 {
-    TypesLoading = true;
-    lstTypes->setAllSelected(false);
-    TypesLoading = false;
+    ui::chooseAllLines(*lstTypes, false, TypesLoading);
     lstSelections->clearList();
     DisplayCount();
 }
 
 void FrmSelect::cmdSelectNames_Click()
 {
-    NamesBusy = true;
-    {
-        ui::ListBox::Filling filling(lstSelections);
-        lstSelections->setAllSelected(true);
-        if (lstSelections->listCount() > 0)
-            lstSelections->setListIndex(0);
-    }
-    NamesBusy = false;
+    ui::chooseAllLines(*lstSelections, true, NamesBusy);
     DisplayCount();
 }
 
 void FrmSelect::cmdClearNames_Click()
 {
-    NamesBusy = true;
-    {
-        ui::ListBox::Filling filling(lstSelections);
-        lstSelections->setAllSelected(false);
-    }
-    NamesBusy = false;
+    ui::chooseAllLines(*lstSelections, false, NamesBusy);
     DisplayCount();
 }
 

@@ -3,6 +3,7 @@
 #include "core/handlers.h"
 #include "platform/ui/listbox.h"
 #include "platform/ui/onelinebox.h"
+#include "platform/ui/lineedits.h"
 #include "platform/ui/twips.h"
 
 #include <QEvent>
@@ -10,7 +11,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 
 namespace hb {
 
@@ -91,14 +91,8 @@ void FrmSelect::connectControls()
 // own focus handling, which would otherwise undo it.
 bool FrmSelect::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == txtReportTitle && event->type() == QEvent::FocusIn) {
-        QTimer::singleShot(0, txtReportTitle, [edit = txtReportTitle] {
-            QString text = edit->text();
-            while (!text.isEmpty() && text.back() == QLatin1Char(' '))
-                text.chop(1);
-            edit->setSelection(0, int(text.size()));
-        });
-    }
+    if (watched == txtReportTitle && event->type() == QEvent::FocusIn)
+        ui::selectTextOnEntry(txtReportTitle);
     return Form::eventFilter(watched, event);
 }
 

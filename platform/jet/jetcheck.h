@@ -18,7 +18,6 @@ public:
 
     int pageSize() const { return m_pageSize; }
     qint64 pageCount() const { return m_pageCount; }
-    bool isJet3() const { return m_jet3; }
 
     // A table's definition: its first page and every page of its chain exist and are definition pages.
     void tableDefinition(unsigned long page) const;

@@ -6,7 +6,6 @@ namespace hb::storage {
 
 int RowStore::appendRow(qint64 rowid)
 {
-    m_order.push_back(int(m_rowids.size()));
     m_rowids.push_back(rowid);
     m_deleted.push_back(false);
     m_cells.resize(m_cells.size() + size_t(m_columns));
@@ -56,14 +55,6 @@ int RowStore::bindCell(sqlite3_stmt* statement, int index, const Cell& cell) con
     case Cell::Null: break;
     }
     return sqlite3_bind_null(statement, index);
-}
-
-void RowStore::reorder(const std::vector<int>& order)
-{
-    std::vector<int> places(order.size());
-    for (size_t i = 0; i < order.size(); ++i)
-        places[i] = m_order[size_t(order[i])];
-    m_order.swap(places);
 }
 
 void RowStore::markDeleted(int row)

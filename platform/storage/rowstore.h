@@ -41,7 +41,6 @@ public:
 
     const Cell& cell(int row, int column) const { return m_cells[at(row) * m_columns + column]; }
     const char* bytes(const Cell& cell) const { return m_text.constData() + cell.bytes.offset; }
-    const char* textBase() const { return m_text.constData(); }
     // SQLite's result of the bind.
     int bindCell(sqlite3_stmt* statement, int index, const Cell& cell) const;
 
@@ -49,14 +48,11 @@ public:
     void setRowid(int row, qint64 rowid) { m_rowids[at(row)] = rowid; }
     bool isDeleted(int row) const { return m_deleted[at(row)]; }
     void markDeleted(int row);
-    // Puts row order[i] at place i. Only the order moves, not the cells.
-    void reorder(const std::vector<int>& order);
 
 private:
-    size_t at(int row) const { return size_t(m_order[size_t(row)]); }
+    static size_t at(int row) { return size_t(row); }
 
     int m_columns;
-    std::vector<int> m_order;  // the place of each row in the arrays below
     std::vector<Cell> m_cells;
     std::vector<qint64> m_rowids;
     std::vector<bool> m_deleted;

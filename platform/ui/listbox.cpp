@@ -319,4 +319,16 @@ void ListBox::onSelectionChanged()
         emit click();
 }
 
+void chooseAllLines(ListBox& list, bool on, bool& busy)
+{
+    busy = true;
+    {
+        ListBox::Filling filling(&list);
+        list.setAllSelected(on);
+        if (on && list.listCount() > 0)
+            list.setListIndex(0);
+    }
+    busy = false;
+}
+
 } // namespace hb::ui

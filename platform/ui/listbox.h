@@ -82,4 +82,8 @@ private:
     QElapsedTimer lastKey_;
 };
 
+// Every line highlighted with the first made current, or none, by code: no click is raised for it, and
+// busy is true meanwhile for the handlers that look at it.
+void chooseAllLines(ListBox& list, bool on, bool& busy);
+
 } // namespace hb::ui
