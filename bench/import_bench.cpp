@@ -3,8 +3,7 @@
 // "replace all". Beside them, SQLite alone writing the same rows into the same table, one commit a row
 // in WAL, and the sqlite3 shell's own .import of the file.
 
-#include "scriptedwindows.h"
-#include "windowdriver.h"
+#include "csvimportdriver.h"
 
 #include "core/forms.h"
 #include "core/schema.h"
@@ -27,8 +26,6 @@
 using namespace hb;
 
 namespace {
-
-const char* const Columns[] = {"Last Name", "First Name", "Address1", "City", "State", "Zip", "Phone", "Email"};
 
 // A program folder with an empty book and a file of rows of distinct names.
 class ImportWorld {
@@ -71,36 +68,6 @@ private:
     QTemporaryDir dir_;
 };
 
-// The comma-delimited window on the file with its columns assigned, the first also as List By.
-FormCommaDelimitedImport& loadAssigned(ScriptedWindows& dialogs, const QString& path)
-{
-    forms::get<FormImport>().Tag = path;
-    auto& window = forms::get<FormCommaDelimitedImport>();
-    window.show();
-    for (int c = 0; c <= int(std::size(Columns)); ++c) {
-        const QString field = c < int(std::size(Columns)) ? QString::fromLatin1(Columns[c]) : QStringLiteral("List By");
-        dialogs.onModal([field](QWidget& w) {
-            auto& select = static_cast<FormColumnSelect&>(w);
-            for (int i = 0; i < select.items().listCount(); ++i) {
-                if (select.items().list(i) == field)
-                    select.items().setListIndex(i);
-            }
-            click(select, QStringLiteral("CommandOk"));
-        });
-        window.ListView1_ColumnClick(c < int(std::size(Columns)) ? c + 1 : 1);
-    }
-    return window;
-}
-
-void runImport(ScriptedWindows& dialogs, const QString& path, ScriptedWindows::ModalScript duplicate = nullptr)
-{
-    auto& window = loadAssigned(dialogs, path);
-    if (duplicate)
-        dialogs.onModal(std::move(duplicate));
-    click(window, QStringLiteral("CommandImport"));
-    forms::unloadAll();
-}
-
 int roofRows()
 {
     Recordset rs = DB.openRecordset(QStringLiteral("select count(*) as n from Roof"));
@@ -116,7 +83,7 @@ void BM_ImportIntoEmptyBook(benchmark::State& state)
         state.PauseTiming();
         DB.execute(QStringLiteral("delete from Roof"));
         state.ResumeTiming();
-        runImport(*dialogs, world.csvPath());
+        runCsvImport(*dialogs, world.csvPath());
     }
     state.counters["rows"] = roofRows();
     world.close();
@@ -128,9 +95,9 @@ void BM_ImportAllDuplicatesReplaceAll(benchmark::State& state)
     ImportWorld world(int(state.range(0)));
     ScriptedWindows* dialogs = nullptr;
     world.open(dialogs);
-    runImport(*dialogs, world.csvPath());
+    runCsvImport(*dialogs, world.csvPath());
     for (auto _ : state) {
-        runImport(*dialogs, world.csvPath(), [](QWidget& w) {
+        runCsvImport(*dialogs, world.csvPath(), [](QWidget& w) {
             control<QCheckBox>(w, QStringLiteral("CheckDoAlways"))->setChecked(true);
             click(w, QStringLiteral("CommandReplace"));
         });

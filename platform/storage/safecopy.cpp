@@ -53,15 +53,22 @@ QString integrityOf(sqlite3* db)
 }
 
 
+// A WAL beside a closed file holds its last writes; folding them into the file lets it be read as it is,
+// without a recovery that a read-only handle cannot make.
+void foldWal(const QString& path)
+{
+    if (!QFileInfo::exists(path + QStringLiteral("-wal")))
+        return;
+    QString ignored;
+    if (Handle db = openFile(path, SQLITE_OPEN_READWRITE, &ignored))
+        sqlite3_exec(db.get(), "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr);
+}
+
 // A WAL left beside a closed target holds rows of the old file; folding it in first keeps it from being
 // replayed into the new one after the rename.
 void settleTarget(const QString& target)
 {
-    if (!QFileInfo::exists(target + QStringLiteral("-wal")))
-        return;
-    QString ignored;
-    if (Handle old = openFile(target, SQLITE_OPEN_READWRITE, &ignored))
-        sqlite3_exec(old.get(), "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr);
+    foldWal(target);
     QFile::remove(target + QStringLiteral("-wal"));
     QFile::remove(target + QStringLiteral("-shm"));
 }
@@ -69,6 +76,7 @@ void settleTarget(const QString& target)
 // Writes source into the empty file at temporary and checks it; throws on any fault.
 void writeCopy(const QString& source, const QString& temporary, const QString& target)
 {
+    foldWal(source);
     QString reason;
     Handle from = openFile(source, SQLITE_OPEN_READONLY, &reason);
     if (!from)

@@ -1,10 +1,11 @@
-// A process killed at any moment of a back up, a restore, an export, a compaction, an import of names or
-// editing leaves a main database that opens, is whole and holds every row it held before, an import source
+// A process killed at any moment of a back up, a restore, an export, a compaction, an import of names, a
+// comma-delimited import or editing leaves a main database that opens, is whole and holds every row it held before, an import source
 // as it was, and nothing beside the files once the next start has run. The test runs this program's own
 // test binary as the child, which does one job on the largest database while the parent kills it at points
 // spread over the job's length.
 
 #include "largeworld.h"
+#include "csvimportdriver.h"
 #include "scriptedwindows.h"
 #include "windowdriver.h"
 
@@ -58,6 +59,10 @@ void runJob(const QString& job)
         CompactAddressDatabase();
         return;
     }
+    if (job == QLatin1String("csv")) {
+        runCsvImport(*shownBy, QDir(qEnvironmentVariable("HB_KILL_DIR")).filePath(QStringLiteral("Data/backup/people.csv")));
+        return;
+    }
     if (job == QLatin1String("edit")) {
         // Each change stands by itself, as when the user saves listing after listing.
         for (int n = 1; n <= Edits; ++n) {
@@ -105,6 +110,15 @@ void makeImportSource(const QString& path)
     db.close();
 }
 
+// A comma-delimited file of names the book does not hold yet.
+void makeCsvSource(const QString& path)
+{
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    for (int n = 1; n <= ImportedNames; ++n)
+        file.write(QStringLiteral("Comer%1,Pat,%1 Elm St,Springfield,IL,62701,555-0100,pat%1@example.com\r\n").arg(n).toUtf8());
+}
+
 QByteArray bytesOf(const QString& path)
 {
     QFile file(path);
@@ -115,7 +129,7 @@ QByteArray bytesOf(const QString& path)
 QStringList strayFiles(const QString& data)
 {
     static const QRegularExpression belongs(QStringLiteral(
-        "^(varlo\\.mdb|varlo\\.bak2?|hb10db\\.shell|export\\.mdb|homebook\\.lock|backup|names\\.mdb|"
+        "^(varlo\\.mdb|varlo\\.bak2?|hb10db\\.shell|export\\.mdb|homebook\\.lock|backup|names\\.mdb|people\\.csv|"
         "Quillon Names\\.mdb|varlo \\d{4}-\\d\\d-\\d\\d \\d{4}( \\d+)?\\.mdb)$"));
     QStringList stray;
     for (const QString& folder : {data, data + QStringLiteral("backup/")}) {
@@ -231,7 +245,7 @@ protected:
     // after each kill the next start runs and must leave nothing stray.
     void killAlong(const QString& job, const QString& target, int mayAdd = 0)
     {
-        const QString source = dir.path() + QStringLiteral("/Data/backup/names.mdb");
+        const QString source = dir.path() + QString::fromLatin1(job == QLatin1String("csv") ? "/Data/backup/people.csv" : "/Data/backup/names.mdb");
         const QByteArray sourceBytes = bytesOf(source);
         const qint64 length = runChild(job, -1);
         std::printf("%s runs %lld us\n", qPrintable(job), static_cast<long long>(length));
@@ -293,6 +307,13 @@ TEST_F(KillTest, ImportOfNames)
     makeImportSource(dir.path() + QStringLiteral("/Data/backup/names.mdb"));
     makeRoom(ImportedNames);
     killAlong(QStringLiteral("import"), QString(), ImportedNames);
+}
+
+TEST_F(KillTest, CommaDelimitedImport)
+{
+    makeCsvSource(dir.path() + QStringLiteral("/Data/backup/people.csv"));
+    makeRoom(ImportedNames);
+    killAlong(QStringLiteral("csv"), QString(), ImportedNames);
 }
 
 TEST_F(KillTest, Editing) { killAlong(QStringLiteral("edit"), QString()); }
