@@ -65,8 +65,8 @@ QString captured(const QString& text, const char* pattern)
     return match.hasMatch() ? match.captured(1) : QString();
 }
 
-// Our CHECK constraints are named "<table>.<field> zero-length" and
-// "<table>.<field> size", the required triggers raise "<table>.<field> is required".
+// Our CHECK constraints are named "<table>.<field> zero-length", "<table>.<field> size" and
+// "<table>.<field> range", the required triggers raise "<table>.<field> is required".
 DbError constraintError(Connection& connection, int rc, const QString& message, const QString& sql)
 {
     switch (rc) {
@@ -82,6 +82,8 @@ DbError constraintError(Connection& connection, int rc, const QString& message, 
             return engineError(3315, {field}, sql);
         if (!captured(message, "^CHECK constraint failed: (.+) size$").isEmpty())
             return engineError(3163, {}, sql);
+        if (!captured(message, "^CHECK constraint failed: (.+) range$").isEmpty())
+            return engineError(6, {}, sql);
         break;
     case SQLITE_CONSTRAINT_TRIGGER:
         if (const QString field = captured(message, "^(.+) is required$"); !field.isEmpty())

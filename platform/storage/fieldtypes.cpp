@@ -159,6 +159,16 @@ int textSize(const FieldDef& field)
     return field.size > 0 ? field.size : 255;
 }
 
+std::optional<std::pair<qint64, qint64>> wholeNumberRange(FieldType type)
+{
+    switch (type) {
+    case FieldType::Byte: return std::pair<qint64, qint64>{0, 255};
+    case FieldType::Integer: return std::pair<qint64, qint64>{-32768, 32767};
+    case FieldType::Long: return std::pair<qint64, qint64>{INT_MIN, INT_MAX};
+    default: return std::nullopt;
+    }
+}
+
 bool isTextType(FieldType type)
 {
     return type == FieldType::Text || type == FieldType::Memo;
@@ -172,9 +182,12 @@ QVariant toStored(std::optional<FieldType> type, const QVariant& value)
         return untypedValue(value);
     switch (*type) {
     case FieldType::Boolean: return qint64(truth(value) ? 1 : 0);
-    case FieldType::Byte: return wholeNumber(value, 0, 255);
-    case FieldType::Integer: return wholeNumber(value, -32768, 32767);
-    case FieldType::Long: return wholeNumber(value, INT_MIN, INT_MAX);
+    case FieldType::Byte:
+    case FieldType::Integer:
+    case FieldType::Long: {
+        const auto range = *wholeNumberRange(*type);
+        return wholeNumber(value, range.first, range.second);
+    }
     case FieldType::Single: {
         const double d = number(value);
         if (std::isfinite(d) && std::fabs(d) > FLT_MAX)

@@ -5,6 +5,7 @@
 #include <QVariant>
 
 #include <optional>
+#include <utility>
 
 // The field types in the file and in memory: how each is declared in SQL,
 // stored, and given back to the program.
@@ -19,6 +20,8 @@ QString declaredType(const FieldDef& field);
 std::optional<FieldType> fieldTypeOf(const QString& declared, int* size = nullptr);
 
 bool isTextType(FieldType type);
+// The values a whole-number type holds, lowest and highest; none for the other types.
+std::optional<std::pair<qint64, qint64>> wholeNumberRange(FieldType type);
 // The most characters of a Text field; 255 when no size is given.
 int textSize(const FieldDef& field);
 

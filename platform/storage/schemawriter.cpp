@@ -27,6 +27,12 @@ QString columnSql(const QString& table, const FieldDef& field, bool key)
         sql += QLatin1String(" NOT NULL");
     if (isTextType(field.type) && !field.allowZeroLength)
         sql += QStringLiteral(" CONSTRAINT %1 CHECK (%2 <> '')").arg(quoted(zeroLengthRuleName(table, field.name)), name);
+    if (const auto range = wholeNumberRange(field.type)) {
+        sql += QStringLiteral(" CONSTRAINT %1 CHECK (%2 BETWEEN %3 AND %4)")
+                   .arg(quoted(table + QLatin1Char('.') + field.name + QLatin1String(" range")), name)
+                   .arg(range->first)
+                   .arg(range->second);
+    }
     if (field.type == FieldType::Text) {
         sql += QStringLiteral(" CONSTRAINT %1 CHECK (length(%2) <= %3)")
                    .arg(quoted(sizeRuleName(table, field.name)), name)
