@@ -38,11 +38,14 @@ void Dialer::Dial(QWidget* window, const QString& number, const QString& /*calle
 void Dialer::dialDesktop(const CallNumber& call)
 {
     // The outside-line prefix belongs to the modem's line; the desktop's phone dials the number alone.
-    if (!ui::windows().openUrl(telLink(call))) {
-        ui::msgBox(QStringLiteral("No program on this computer places calls from telephone links. Install a "
-                                  "softphone or pair a mobile phone, or choose a modem with Dial Using."),
-                   ui::MsgIconExclamation, DialerTitle);
-    }
+    if (ui::windows().openUrl(telLink(call)))
+        return;
+    const int answer = ui::msgBox(QStringLiteral("No program on this computer places calls from telephone links. "
+                                                 "Install a softphone or pair a mobile phone, or dial through a "
+                                                 "modem.\n\nChoose a modem now?"),
+                                  ui::MsgYesNoButtons | ui::MsgIconExclamation, DialerTitle);
+    if (answer == ui::AnswerYes)
+        DialUsing();
 }
 
 void Dialer::dialModem(QWidget* window, const QString& number)

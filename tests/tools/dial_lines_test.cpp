@@ -40,12 +40,28 @@ TEST_F(DialLinesTest, WithoutAModemTheTrimmedNumberGoesToTheDesktopAndADesktopWi
         EXPECT_TRUE(dialogs().messages().empty());
         EXPECT_TRUE(w.isVisible()) << "the window stays open after dialing";
         dialogs().urlOpens = false;
+        dialogs().answer(ui::AnswerNo);
         press(w, QStringLiteral("cmdDial"));
+        ASSERT_EQ(dialogs().messages().size(), 1u);
+        EXPECT_EQ(lastMessage().text, QStringLiteral("No program on this computer places calls from telephone links. "
+                                                     "Install a softphone or pair a mobile phone, or dial through a "
+                                                     "modem.\n\nChoose a modem now?"));
+        EXPECT_EQ(lastMessage().title, QStringLiteral("AutoDial"));
+        EXPECT_EQ(dialogs().modalsShown(), QStringList{"frmDial"}) << "No leaves the line as it was";
+
+        // Yes opens the choice of line, and the modem chosen is kept.
+        dialogs().answer(ui::AnswerYes);
+        dialogs().onModal([](QWidget& using_) {
+            auto* line = control<QComboBox>(using_, QStringLiteral("cmbLine"));
+            line->lineEdit()->selectAll();
+            QTest::keyClicks(line->lineEdit(), QStringLiteral("/dev/ttyS7"));
+            press(using_, QStringLiteral("cmdOK"));
+        });
+        press(w, QStringLiteral("cmdDial"));
+        EXPECT_EQ(dialogs().modalsShown(), (QStringList{"frmDial", "DialUsing"}));
         press(w, QStringLiteral("cmdClose"));
     });
-    EXPECT_EQ(lastMessage().text, QStringLiteral("No program on this computer places calls from telephone links. Install a "
-                                                 "softphone or pair a mobile phone, or choose a modem with Dial Using."));
-    EXPECT_EQ(lastMessage().title, QStringLiteral("AutoDial"));
+    EXPECT_EQ(GetSOption(400), QStringLiteral("/dev/ttyS7"));
 }
 
 TEST_F(DialLinesTest, TheDesktopGetsAnRfc3966LinkAndANumberNotUnderstoodIsDialedAsTypedOnlyWhenTheUserAgrees)
