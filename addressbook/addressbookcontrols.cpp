@@ -3,6 +3,7 @@
 #include "addressbook/frmaddressbook.h"
 
 #include "platform/ui/captionlabel.h"
+#include "platform/ui/contrast.h"
 #include "platform/ui/listbox.h"
 #include "platform/ui/onelinebox.h"
 #include "platform/ui/twips.h"
@@ -49,11 +50,8 @@ QFrame* frame(QWidget* parent, const char* name, const QColor& back)
     auto* f = new QFrame(parent);
     f->setObjectName(QString::fromLatin1(name));
     f->setFrameShape(QFrame::Box);
-    // Only the frame's own ground: the boxes and lists inside keep their white.
-    QPalette p = f->palette();
-    p.setColor(QPalette::Window, back);
-    f->setPalette(p);
-    f->setAutoFillBackground(true);
+    // Only the frame's own ground (and the text on it): the boxes and lists inside keep their colours.
+    ui::setFixedGround(f, back);
     return f;
 }
 

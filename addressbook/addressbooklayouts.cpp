@@ -3,6 +3,7 @@
 
 #include "addressbook/frmaddressbook.h"
 
+#include "platform/ui/contrast.h"
 #include "platform/ui/listbox.h"
 #include "platform/ui/twips.h"
 
@@ -26,12 +27,7 @@ void setShown(const QList<QWidget*>& widgets, bool visible)
         w->setVisible(visible);
 }
 
-void setBack(QFrame* frame, const QColor& back)
-{
-    QPalette p = frame->palette();
-    p.setColor(QPalette::Window, back);
-    frame->setPalette(p);
-}
+void setBack(QFrame* frame, const QColor& back) { ui::setFixedGround(frame, back); }
 
 } // namespace
 

@@ -1,9 +1,11 @@
 #include "core/frameicons.h"
 
+#include <QApplication>
 #include <QFont>
 #include <QHash>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPalette>
 #include <QPixmap>
 
 namespace hb {
@@ -18,6 +20,10 @@ const QColor blue(0x2f, 0x6d, 0xb5);
 const QColor paper(0xfd, 0xfd, 0xfd);
 const QColor rule(0x9a, 0xa4, 0xb0);
 
+// Marks drawn straight on the toolbar, with no paper of their own under them, take the colour of the
+// toolbar's text, so that they show on a dark toolbar as on a light one.
+QColor toolbarInk() { return QApplication::palette().color(QPalette::Active, QPalette::WindowText); }
+
 void page(QPainter& p, const QRectF& r)
 {
     p.setPen(QPen(ink, 2));
@@ -26,9 +32,9 @@ void page(QPainter& p, const QRectF& r)
 }
 
 void lines(QPainter& p, qreal left, qreal top, const QList<qreal>& lengths, qreal step, Qt::Alignment align = Qt::AlignLeft,
-           qreal width = 32)
+           qreal width = 32, const QColor& colour = ink)
 {
-    p.setPen(QPen(ink, 3.5, Qt::SolidLine, Qt::RoundCap));
+    p.setPen(QPen(colour, 3.5, Qt::SolidLine, Qt::RoundCap));
     qreal y = top;
     for (qreal length : lengths) {
         const qreal x = align == Qt::AlignRight ? left + width - length
@@ -191,15 +197,15 @@ void letter(QPainter& p, const QString& text, bool bold, bool italic)
     font.setBold(bold);
     font.setItalic(italic);
     p.setFont(font);
-    p.setPen(ink);
+    p.setPen(toolbarInk());
     p.drawText(QRectF(0, 0, 48, 48), Qt::AlignCenter, text);
 }
 
 void boldIcon(QPainter& p) { letter(p, QStringLiteral("B"), true, false); }
 void italicIcon(QPainter& p) { letter(p, QStringLiteral("I"), false, true); }
-void leftIcon(QPainter& p) { lines(p, 8, 9, {32, 22, 32, 18, 26}, 7.5, Qt::AlignLeft); }
-void centerIcon(QPainter& p) { lines(p, 8, 9, {32, 20, 28, 16, 24}, 7.5, Qt::AlignHCenter); }
-void rightIcon(QPainter& p) { lines(p, 8, 9, {32, 22, 32, 18, 26}, 7.5, Qt::AlignRight); }
+void leftIcon(QPainter& p) { lines(p, 8, 9, {32, 22, 32, 18, 26}, 7.5, Qt::AlignLeft, 32, toolbarInk()); }
+void centerIcon(QPainter& p) { lines(p, 8, 9, {32, 20, 28, 16, 24}, 7.5, Qt::AlignHCenter, 32, toolbarInk()); }
+void rightIcon(QPainter& p) { lines(p, 8, 9, {32, 22, 32, 18, 26}, 7.5, Qt::AlignRight, 32, toolbarInk()); }
 
 void gridIcon(QPainter& p)
 {
@@ -207,7 +213,7 @@ void gridIcon(QPainter& p)
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(0xd6, 0xe4, 0xf5));
     p.drawRect(QRectF(table.left(), table.top(), table.width(), 9));
-    p.setPen(QPen(ink, 2));
+    p.setPen(QPen(toolbarInk(), 2));
     p.setBrush(Qt::NoBrush);
     p.drawRect(table);
     for (qreal x : {17.7, 30.3})

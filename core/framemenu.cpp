@@ -3,6 +3,7 @@
 #include "core/frameicons.h"
 #include "core/frmmdi.h"
 #include "core/handlers.h"
+#include "core/helpkey.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -93,8 +94,10 @@ void FrmMDI::buildMenu()
         }
     }
 
-    // F1 opens the help at its contents, as the menu item does.
+    // F1 opens the help at its contents, as the menu item does, unless the window it is pressed in has a
+    // topic of its own.
     mnuGettingStarted->setShortcuts({mnuGettingStarted->shortcut(), QKeySequence(Qt::Key_F1)});
+    new HelpKey(this);
 }
 
 } // namespace hb

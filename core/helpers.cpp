@@ -5,6 +5,9 @@
 #include "platform/help/helpwindow.h"
 #include "platform/ui/windowservice.h"
 
+#include <QVariant>
+#include <QWidget>
+
 
 namespace hb {
 
@@ -80,6 +83,8 @@ namespace {
 
 QString helpFolder() { return ResourcePath + QStringLiteral("help"); }
 
+constexpr const char* HelpContextProperty = "HelpContextID";
+
 void helpMissing()
 {
     ui::msgBox(QStringLiteral("The help of Quillon Homebook cannot be found in ") + helpFolder() + QLatin1Char('.'),
@@ -100,6 +105,18 @@ void ShowHelpContents()
     help::setHelpFolder(helpFolder());
     if (!help::showContents())
         helpMissing();
+}
+
+void SetHelpContext(QWidget& window, const QString& context) { window.setProperty(HelpContextProperty, context); }
+
+QString HelpContextOf(const QWidget* widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        const QString context = widget->property(HelpContextProperty).toString();
+        if (!context.isEmpty())
+            return context;
+    }
+    return {};
 }
 
 // Kept as the windows' load calls it: the windows keep their tool tips, so there is nothing to clear.

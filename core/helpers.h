@@ -20,6 +20,10 @@ void WebPage(const QString& url);
 // or at its contents.
 void ShowHelpTopic(const QString& context);
 void ShowHelpContents();
+// The topic of a window, kept as its "HelpContextID" property: F1 pressed anywhere in it opens that topic.
+void SetHelpContext(QWidget& window, const QString& context);
+// The topic of the window a widget is in, empty when that window has none.
+QString HelpContextOf(const QWidget* widget);
 // Would empty the tool tips of a window's controls; switched off, so every window keeps its tips.
 void ClearToolTips(QWidget& form);
 // A progress line for the debug window, newest first.

@@ -10,6 +10,7 @@ namespace hb {
 
 FormColumnSelect::FormColumnSelect() : Form(staticFormName(), false)
 {
+    SetHelpContext(*this, QStringLiteral("2555"));
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Column Assignment"));
     setFixedSize(ui::px(3960), ui::px(3720));

@@ -59,6 +59,7 @@ QString* personField(ImportPersonRecord& person, const QString& columnName)
 
 FormCommaDelimitedImport::FormCommaDelimitedImport() : Form(staticFormName(), false)
 {
+    SetHelpContext(*this, QStringLiteral("2555"));
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Comma Delimited Import"));
     buildControls();

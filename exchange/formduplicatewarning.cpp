@@ -12,6 +12,7 @@ namespace hb {
 
 FormDuplicateWarning::FormDuplicateWarning() : Form(staticFormName(), false)
 {
+    SetHelpContext(*this, QStringLiteral("2560"));
     using importui::button;
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Duplicate Warning"));

@@ -47,6 +47,7 @@ void forgetImportFolders() { lastFolders().clear(); }
 
 FormImport::FormImport() : Form(staticFormName(), false)
 {
+    SetHelpContext(*this, QStringLiteral("2550"));
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Import"));
     buildControls();

@@ -20,6 +20,7 @@ namespace hb {
 
 FormRetAddr::FormRetAddr() : Form(staticFormName(), false)
 {
+    SetHelpContext(*this, QStringLiteral("2527"));
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Set Return Address"));
     setFixedSize(ui::px(5600), ui::px(3600));

@@ -27,6 +27,7 @@ constexpr int Last = 26;
 
 FormCustomizeReport::FormCustomizeReport() : Form(staticFormName(), false)
 {
+    SetHelpContext(*this, QStringLiteral("2199"));
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Customize Report"));
     buildControls();

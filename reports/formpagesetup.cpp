@@ -32,6 +32,7 @@ bool isNumeric(const QString& text, double* value)
 
 FormPageSetup::FormPageSetup() : Form(staticFormName(), false)
 {
+    SetHelpContext(*this, QStringLiteral("2460"));
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("Page Setup"));
     buildControls();

@@ -2,6 +2,7 @@
 
 #include "core/errors.h"
 #include "core/frame.h"
+#include "core/helpers.h"
 #include "core/options.h"
 #include "core/routes.h"
 #include "core/session.h"
@@ -86,7 +87,7 @@ void FrmAddressRpt::setHelpContext()
         if (ReportType == QLatin1String(c.letter))
             helpContext = QString::fromLatin1(c.context);
     }
-    setProperty("HelpContextID", helpContext);
+    SetHelpContext(*this, helpContext);
 }
 
 void FrmAddressRpt::showToggle(QCheckBox* box, int option)

@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build pkg-config ccache
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev libgl1-mesa-dev
-  libsqlite3-dev sqlite3 libcsv-dev mdbtools-dev
+  libsqlite3-dev sqlite3 libcsv-dev mdbtools-dev libphonenumber-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core fonts-liberation2 adwaita-icon-theme
   poppler-utils xvfb xauth

@@ -25,6 +25,7 @@ void CenterObject(const ui::TabStrip& container, QWidget& object)
 
 FormOptions::FormOptions() : Form(staticFormName(), false)
 {
+    SetHelpContext(*this, QStringLiteral("2320"));
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     buildControls();
     connectHandlers();

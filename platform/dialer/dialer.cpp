@@ -1,5 +1,6 @@
 #include "platform/dialer/dialer.h"
 
+#include "platform/dialer/callnumber.h"
 #include "platform/dialer/dialprogress.h"
 #include "platform/dialer/dialwindows.h"
 #include "platform/ui/windowservice.h"
@@ -14,26 +15,37 @@ Dialer::Dialer(DialerSettings settings, Store store) : settings_(std::move(setti
 
 void Dialer::Dial(QWidget* window, const QString& number, const QString& /*callerText*/)
 {
-    if (dialString(DialerSettings(), number).isEmpty()) {
-        ui::msgBox(QStringLiteral("The number \"%1\" has no digits to dial.").arg(number), ui::MsgIconExclamation,
-                   DialerTitle);
-        return;
+    const CallNumber call = readNumber(number, settings_.homeCountry);
+    if (!call.understood) {
+        if (call.typedDigits.isEmpty()) {
+            ui::msgBox(QStringLiteral("The number \"%1\" has no digits to dial.").arg(number.trimmed()),
+                       ui::MsgIconExclamation, DialerTitle);
+            return;
+        }
+        // Digits that make no number of the home country may still be a short code or an internal line:
+        // the user decides, seeing exactly what goes out.
+        const QString ask = QStringLiteral("\"%1\" is not a telephone number of %2. Dial %3 as typed?")
+                                .arg(number.trimmed(), countryName(settings_.homeCountry), call.typedDigits);
+        if (ui::msgBox(ask, ui::MsgYesNoButtons | ui::MsgIconQuestion, DialerTitle) != ui::AnswerYes)
+            return;
     }
     if (settings_.usesModem())
         dialModem(window, number);
     else
-        dialDesktop(number);
+        dialDesktop(call);
 }
 
-void Dialer::dialDesktop(const QString& number)
+void Dialer::dialDesktop(const CallNumber& call)
 {
     // The outside-line prefix belongs to the modem's line; the desktop's phone dials the number alone.
-    const QString link = dialString(DialerSettings(), number);
-    if (!ui::windows().openUrl(QStringLiteral("tel:") + link)) {
-        ui::msgBox(QStringLiteral("No program on this computer places calls from telephone links. Install a "
-                                  "softphone or pair a mobile phone, or choose a modem with Dial Using."),
-                   ui::MsgIconExclamation, DialerTitle);
-    }
+    if (ui::windows().openUrl(telLink(call)))
+        return;
+    const int answer = ui::msgBox(QStringLiteral("No program on this computer places calls from telephone links. "
+                                                 "Install a softphone or pair a mobile phone, or dial through a "
+                                                 "modem.\n\nChoose a modem now?"),
+                                  ui::MsgYesNoButtons | ui::MsgIconExclamation, DialerTitle);
+    if (answer == ui::AnswerYes)
+        DialUsing();
 }
 
 void Dialer::dialModem(QWidget* window, const QString& number)

@@ -12,6 +12,8 @@ class QWidget;
 
 namespace hb::dialer {
 
+struct CallNumber;
+
 class Dialer {
 public:
     // The store keeps the settings whenever the user has changed them.
@@ -30,7 +32,7 @@ public:
     const DialerSettings& settings() const { return settings_; }
 
 private:
-    void dialDesktop(const QString& number);
+    void dialDesktop(const CallNumber& call);
     void dialModem(QWidget* window, const QString& number);
 
     DialerSettings settings_;

@@ -12,14 +12,11 @@ struct DialerSettings {
     QString prefix;                        // dialed before the number, such as "9," for an outside line
     QString initString = defaultInit();    // sent after the reset
     int waitSeconds = 45;                  // how long the modem may take to answer the dial command
+    QString homeCountry = QStringLiteral("US");  // region code by which numbers without a country code are read
 
     bool usesModem() const { return !port.isEmpty(); }
     // Verbose result codes, and busy and dial tone detection.
     static QString defaultInit() { return QStringLiteral("ATV1X4"); }
 };
-
-// The dial string the modem is given: the prefix and the number, without the blanks, dashes, dots and
-// brackets people write in numbers.
-QString dialString(const DialerSettings& settings, const QString& number);
 
 } // namespace hb::dialer

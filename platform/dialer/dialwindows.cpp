@@ -1,5 +1,7 @@
 #include "platform/dialer/dialwindows.h"
 
+#include "platform/dialer/callnumber.h"
+
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -11,6 +13,7 @@
 #include <QSerialPortInfo>
 #include <QSpinBox>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace hb::dialer {
 
@@ -97,6 +100,15 @@ DialPropertiesWindow::DialPropertiesWindow(const DialerSettings& settings, QWidg
     spnWait->setRange(1, 300);
     spnWait->setSuffix(QStringLiteral(" seconds"));
     spnWait->setValue(settings.waitSeconds);
+    cmbCountry = named(new QComboBox(this), "cmbCountry");
+    QList<QPair<QString, QString>> countries;
+    for (const QString& code : homeCountries())
+        countries.append({countryName(code), code});
+    std::sort(countries.begin(), countries.end());
+    for (const auto& [name, code] : countries)
+        cmbCountry->addItem(QStringLiteral("%1 (%2)").arg(name, code), code);
+    cmbCountry->setCurrentIndex(std::max(0, cmbCountry->findData(settings.homeCountry)));
+    cmbCountry->setToolTip(QStringLiteral("How numbers written without a country code are read"));
 
     auto* dialing = new QHBoxLayout;
     dialing->addWidget(optTone);
@@ -108,6 +120,7 @@ DialPropertiesWindow::DialPropertiesWindow(const DialerSettings& settings, QWidg
     form->addRow(QStringLiteral("Outside line &prefix:"), txtPrefix);
     form->addRow(QStringLiteral("&Init string:"), txtInit);
     form->addRow(QStringLiteral("&Wait for the modem:"), spnWait);
+    form->addRow(QStringLiteral("&Home country:"), cmbCountry);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(okCancel(this));
@@ -121,6 +134,7 @@ DialerSettings DialPropertiesWindow::settings() const
     result.prefix = txtPrefix->text().trimmed();
     result.initString = txtInit->text().trimmed();
     result.waitSeconds = spnWait->value();
+    result.homeCountry = cmbCountry->currentData().toString();
     return result;
 }
 

@@ -25,7 +25,7 @@ private:
     QComboBox* cmbLine;
 };
 
-// How the modem dials.
+// How the modem dials, and the country whose numbers need no country code.
 class DialPropertiesWindow : public QDialog {
     Q_OBJECT
 public:
@@ -40,6 +40,7 @@ private:
     QLineEdit* txtPrefix;
     QLineEdit* txtInit;
     QSpinBox* spnWait;
+    QComboBox* cmbCountry;
 };
 
 // The text of the desktop's line in the choice of lines.

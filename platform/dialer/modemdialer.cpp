@@ -1,5 +1,7 @@
 #include "platform/dialer/modemdialer.h"
 
+#include "platform/dialer/callnumber.h"
+
 #include <QFileInfo>
 #include <algorithm>
 
@@ -9,16 +11,6 @@ namespace {
 // Reset and init answer at once on any working modem; only the dial waits for the network.
 constexpr int CommandSeconds = 5;
 } // namespace
-
-QString dialString(const DialerSettings& settings, const QString& number)
-{
-    QString result;
-    for (const QChar c : settings.prefix + number) {
-        if (c.isDigit() || QStringLiteral("*#,+Ww!@").contains(c))
-            result += c;
-    }
-    return result;
-}
 
 QString portFailure(const QString& port, QSerialPort::SerialPortError error)
 {
@@ -77,8 +69,9 @@ void ModemDialer::dial(const QString& number)
 void ModemDialer::send(const QByteArray& command, Step step, int seconds)
 {
     step_ = step;
+    waited_ = std::max(1, seconds);
     port_.write(command + '\r');
-    limit_.start(std::max(1, seconds) * 1000);
+    limit_.start(waited_ * 1000);
 }
 
 void ModemDialer::readAnswers()
@@ -104,7 +97,8 @@ void ModemDialer::answer(const QByteArray& line)
         } else if (step_ == Step::Reset || step_ == Step::Init) {
             emit progress(QStringLiteral("Dialing %1...").arg(number_));
             const QByteArray verb = settings_.pulse ? "ATDP" : "ATDT";
-            send(verb + dialString(settings_, number_).toLatin1() + ';', Step::Dialing, settings_.waitSeconds);
+            const CallNumber number = readNumber(number_, settings_.homeCountry);
+            send(verb + modemDigits(settings_, number).toLatin1() + ';', Step::Dialing, settings_.waitSeconds);
         } else {
             finish(Outcome::Dialed);
         }
@@ -124,9 +118,13 @@ void ModemDialer::answer(const QByteArray& line)
     }
 }
 
+// A modem that has answered the reset and the init string is there: its silence after the dial command is
+// the network's (or a modem that reports no call progress), not a missing modem.
 void ModemDialer::timedOut()
 {
-    if (step_ != Step::Idle && step_ != Step::Done)
+    if (step_ == Step::Dialing)
+        finish(Outcome::QuietAfterDial);
+    else if (step_ != Step::Idle && step_ != Step::Done)
         finish(Outcome::Silent);
 }
 
@@ -140,7 +138,7 @@ void ModemDialer::portFailed(QSerialPort::SerialPortError error)
     step_ = Step::Done;
     port_.close();
     outcome_ = Outcome::LineClosed;
-    emit finished(outcome_, describe(outcome_, settings_.waitSeconds));
+    emit finished(outcome_, describe(outcome_, waited_));
 }
 
 void ModemDialer::finish(Outcome outcome)
@@ -150,7 +148,7 @@ void ModemDialer::finish(Outcome outcome)
     // Only a dialed call keeps the line until the user has the handset; every other end frees it now.
     if (outcome != Outcome::Dialed)
         hangUp();
-    emit finished(outcome, describe(outcome, settings_.waitSeconds));
+    emit finished(outcome, describe(outcome, waited_));
 }
 
 void ModemDialer::hangUp()
@@ -183,6 +181,11 @@ QString ModemDialer::describe(Outcome outcome, int waitSeconds)
     case Outcome::Silent:
         return QStringLiteral("The modem did not answer within %1 seconds. Check that it is switched on and that "
                               "Dial Using names its port.")
+            .arg(waitSeconds);
+    case Outcome::QuietAfterDial:
+        return QStringLiteral("The modem took the number but reported nothing about the call within %1 seconds. "
+                              "Pick up the handset to hear whether it rings, or allow the modem more time in "
+                              "Properties.")
             .arg(waitSeconds);
     case Outcome::LineClosed:
         return QStringLiteral("The connection to the modem was lost.");

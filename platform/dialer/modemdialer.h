@@ -14,7 +14,8 @@ namespace hb::dialer {
 class ModemDialer : public QObject {
     Q_OBJECT
 public:
-    enum class Outcome { None, Dialed, Busy, NoCarrier, NoDialtone, NoAnswer, Refused, Silent, LineClosed };
+    enum class Outcome { None, Dialed, Busy, NoCarrier, NoDialtone, NoAnswer, Refused, Silent, QuietAfterDial,
+                         LineClosed };
     Q_ENUM(Outcome)
 
     explicit ModemDialer(QObject* parent = nullptr);
@@ -29,7 +30,7 @@ public:
 
     Outcome outcome() const { return outcome_; }
     bool isOpen() const { return port_.isOpen(); }
-    // What the outcome means for the user, in plain words.
+    // What the outcome means for the user, in plain words; waitSeconds is how long the modem was given.
     static QString describe(Outcome outcome, int waitSeconds);
 
 signals:
@@ -52,6 +53,7 @@ private:
     QString number_;
     DialerSettings settings_;
     Step step_ = Step::Idle;
+    int waited_ = 0;  // the time limit of the command in hand, in seconds
     Outcome outcome_ = Outcome::None;
 };
 

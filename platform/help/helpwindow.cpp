@@ -2,17 +2,21 @@
 
 #include "platform/help/contextmap.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeySequence>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <QWindow>
+#include <algorithm>
 
 namespace hb::help {
 namespace {
@@ -27,6 +31,7 @@ public:
 
 private:
     QPushButton* addButton(QHBoxLayout* row, const QString& name, const QString& caption);
+    void placeBeside(const QWidget& dialog);
 
     QTextBrowser* browser_ = nullptr;
 };
@@ -115,9 +120,34 @@ QPushButton* HelpWindow::addButton(QHBoxLayout* row, const QString& name, const 
 void HelpWindow::open(const QString& path)
 {
     browser_->setSource(QUrl::fromLocalFile(path));
+    // Help asked for from a modal dialog belongs to that dialog, so that its modality does not block the
+    // help; it stands beside the dialog rather than over its buttons.
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == this)
+        modal = nullptr;
+    winId();
+    windowHandle()->setTransientParent(modal ? modal->windowHandle() : nullptr);
+    if (modal)
+        placeBeside(*modal);
     show();
     raise();
     activateWindow();
+}
+
+void HelpWindow::placeBeside(const QWidget& dialog)
+{
+    const QRect beside = dialog.frameGeometry();
+    const QScreen* screen = dialog.screen();
+    const QRect room = screen ? screen->availableGeometry() : QRect();
+    const QSize frame = frameGeometry().size();
+    constexpr int Gap = 8;
+    int x = beside.right() + 1 + Gap;
+    if (room.isValid() && x + frame.width() > room.right() + 1 && beside.left() - Gap - frame.width() >= room.left())
+        x = beside.left() - Gap - frame.width();
+    int y = beside.top();
+    if (room.isValid())
+        y = std::clamp(y, room.top(), std::max(room.top(), room.bottom() + 1 - frame.height()));
+    move(x, y);
 }
 
 bool openPage(const QString& path)

@@ -1,5 +1,7 @@
 #include "platform/ui/qtwindowservice.h"
 
+#include "platform/ui/schemehandlers.h"
+
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDialog>
@@ -120,7 +122,16 @@ bool QtWindowService::pageSetup(QPrinter& printer)
 
 bool QtWindowService::openUrl(const QString& url)
 {
-    return QDesktopServices::openUrl(QUrl(url));
+    // xdg-open starts and returns whether or not a program takes the link, and one it cannot hand over
+    // goes nowhere: without a program for the scheme the link is not handed over at all. Web pages and
+    // files have their fallbacks in xdg-open (the browser), so they go straight to it.
+    const QUrl link(url);
+    const QString scheme = link.scheme().toLower();
+    const bool hasFallback = scheme == QStringLiteral("http") || scheme == QStringLiteral("https")
+                             || scheme == QStringLiteral("file");
+    if (!link.isValid() || (!hasFallback && schemeHandler(scheme).isEmpty()))
+        return false;
+    return QDesktopServices::openUrl(link);
 }
 
 void QtWindowService::setBusy(bool busy)

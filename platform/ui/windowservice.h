@@ -42,6 +42,7 @@ public:
     // can be chosen, or 0 when the dialog only chooses and sets up the printer.
     virtual bool choosePrinter(QPrinter& printer, int pageCount) = 0;
     virtual bool pageSetup(QPrinter& printer) = 0;
+    // Hands a link to the desktop's program for it; false when no program takes it.
     virtual bool openUrl(const QString& url) = 0;
     // The hourglass pointer (11) on or off (0).
     virtual void setBusy(bool busy) = 0;

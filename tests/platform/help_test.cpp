@@ -2,6 +2,7 @@
 #include "platform/help/helpwindow.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -268,3 +269,33 @@ TEST_F(HelpFolderTest, MapIsReadAgainForANewFolder)
 }
 
 }  // namespace
+
+// Help asked for from a modal dialog (Options, Page Setup, Import) is read while the dialog waits.
+TEST_F(HelpTest, HelpFromAModalDialogIsUsableBesideItAndDoesNotCoverIt)
+{
+    QDialog dialog;
+    dialog.setObjectName(QStringLiteral("ModalDialog"));
+    dialog.setGeometry(40, 60, 420, 300);
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+
+    ASSERT_TRUE(showTopic(2320));
+    QWidget* help = helpWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(help));
+    EXPECT_FALSE(help->frameGeometry().intersects(dialog.frameGeometry()))
+        << "help at " << help->frameGeometry().x() << "," << help->frameGeometry().y();
+
+    // A click on the window, as the desktop delivers it, is not blocked by the dialog's modality.
+    auto* contents = help->findChild<QPushButton*>(QStringLiteral("HelpContents"));
+    ASSERT_NE(contents, nullptr);
+    QTest::mouseClick(help->windowHandle(), Qt::LeftButton, {}, contents->mapTo(help, contents->rect().center()));
+    EXPECT_EQ(shownFile(), QStringLiteral("index.html"));
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.hide();
+    help->hide();
+
+    // Without a modal dialog the help is a window like any other again.
+    ASSERT_TRUE(showTopic(2320));
+    EXPECT_EQ(help->windowHandle()->transientParent(), nullptr);
+}

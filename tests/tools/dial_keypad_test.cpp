@@ -29,10 +29,10 @@ TEST_F(DialKeypadTest, KeysAddDigitsDashAndBlankUndoTakesTheLastAndClearEmpties)
 
 TEST_F(DialKeypadTest, EnterDialsAndEscClosesAsCloseDoes)
 {
-    DialNumber = QStringLiteral("555");
+    DialNumber = QStringLiteral("555-0100");
     withDialer([this](QWidget& w) {
         QTest::keyClick(number(w), Qt::Key_Return);
-        EXPECT_EQ(dialogs().urlsOpened(), QStringList{QStringLiteral("tel:555")});
+        EXPECT_EQ(dialogs().urlsOpened(), QStringList{QStringLiteral("tel:+15550100")});
         QTest::keyClick(number(w), Qt::Key_Escape);
     });
     EXPECT_EQ(forms::loaded<FrmDial>(), nullptr);

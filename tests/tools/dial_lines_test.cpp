@@ -40,12 +40,72 @@ TEST_F(DialLinesTest, WithoutAModemTheTrimmedNumberGoesToTheDesktopAndADesktopWi
         EXPECT_TRUE(dialogs().messages().empty());
         EXPECT_TRUE(w.isVisible()) << "the window stays open after dialing";
         dialogs().urlOpens = false;
+        dialogs().answer(ui::AnswerNo);
+        press(w, QStringLiteral("cmdDial"));
+        ASSERT_EQ(dialogs().messages().size(), 1u);
+        EXPECT_EQ(lastMessage().text, QStringLiteral("No program on this computer places calls from telephone links. "
+                                                     "Install a softphone or pair a mobile phone, or dial through a "
+                                                     "modem.\n\nChoose a modem now?"));
+        EXPECT_EQ(lastMessage().title, QStringLiteral("AutoDial"));
+        EXPECT_EQ(dialogs().modalsShown(), QStringList{"frmDial"}) << "No leaves the line as it was";
+
+        // Yes opens the choice of line, and the modem chosen is kept.
+        dialogs().answer(ui::AnswerYes);
+        dialogs().onModal([](QWidget& using_) {
+            auto* line = control<QComboBox>(using_, QStringLiteral("cmbLine"));
+            line->lineEdit()->selectAll();
+            QTest::keyClicks(line->lineEdit(), QStringLiteral("/dev/ttyS7"));
+            press(using_, QStringLiteral("cmdOK"));
+        });
+        press(w, QStringLiteral("cmdDial"));
+        EXPECT_EQ(dialogs().modalsShown(), (QStringList{"frmDial", "DialUsing"}));
+        press(w, QStringLiteral("cmdClose"));
+    });
+    EXPECT_EQ(GetSOption(400), QStringLiteral("/dev/ttyS7"));
+}
+
+TEST_F(DialLinesTest, TheDesktopGetsAnRfc3966LinkAndANumberNotUnderstoodIsDialedAsTypedOnlyWhenTheUserAgrees)
+{
+    const QString question = QStringLiteral("\"ask for room 12\" is not a telephone number of United States. Dial "
+                                            "12 as typed?");
+    const struct {
+        QString typed;
+        int answer;  // to the question, 0 for none asked
+    } dialed[] = {{QStringLiteral("(555) 123-4567 x89"), 0},
+                  {QStringLiteral("1-800-FLOWERS"), 0},
+                  {QStringLiteral("ask for room 12"), ui::AnswerNo},
+                  {QStringLiteral("ask for room 12"), ui::AnswerYes}};
+    for (const auto& d : dialed) {
+        DialNumber = d.typed;
+        if (d.answer)
+            dialogs().answer(d.answer);
+        withDialer([&](QWidget& w) {
+            press(w, QStringLiteral("cmdDial"));
+            press(w, QStringLiteral("cmdClose"));
+        });
+    }
+    EXPECT_EQ(dialogs().urlsOpened(), (QStringList{QStringLiteral("tel:+15551234567;ext=89"),
+                                                   QStringLiteral("tel:+18003569377"), QStringLiteral("tel:12")}));
+    ASSERT_EQ(dialogs().messages().size(), 2u);
+    EXPECT_EQ(dialogs().messages()[0].text, question);
+    EXPECT_EQ(dialogs().messages()[1].text, question);
+
+    // The home country is chosen in Properties and read for numbers written without a country code.
+    DialNumber = QStringLiteral("030 1234567");
+    withDialer([&](QWidget& w) {
+        dialogs().onModal([](QWidget& p) {
+            auto* country = control<QComboBox>(p, QStringLiteral("cmbCountry"));
+            EXPECT_EQ(country->currentData().toString(), QStringLiteral("US"));
+            country->setFocus();
+            QTest::keyClicks(country, QStringLiteral("Germany"));
+            press(p, QStringLiteral("cmdOK"));
+        });
+        press(w, QStringLiteral("cmdDialProperties"));
         press(w, QStringLiteral("cmdDial"));
         press(w, QStringLiteral("cmdClose"));
     });
-    EXPECT_EQ(lastMessage().text, QStringLiteral("No program on this computer places calls from telephone links. Install a "
-                                                 "softphone or pair a mobile phone, or choose a modem with Dial Using."));
-    EXPECT_EQ(lastMessage().title, QStringLiteral("AutoDial"));
+    EXPECT_EQ(GetSOption(403), QStringLiteral("DE"));
+    EXPECT_EQ(dialogs().urlsOpened().last(), QStringLiteral("tel:+49301234567"));
 }
 
 TEST_F(DialLinesTest, AModemCallShowsTheAnswerAndHangsUpWhenTheUserTalks)

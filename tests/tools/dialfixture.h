@@ -4,6 +4,7 @@
 #include "windowdriver.h"
 
 #include "core/forms.h"
+#include "core/options.h"
 #include "core/routes.h"
 #include "core/session.h"
 #include "tools/frmdial.h"
@@ -18,6 +19,8 @@ protected:
     {
         ProgramFixture::SetUp();
         ASSERT_TRUE(setup());
+        // The home country otherwise follows the locale of the machine that runs the tests.
+        hb::SetSOption(403, QStringLiteral("US"));
     }
 
     // Opens AutoDial through its route and runs the script while it is up.
