@@ -17,6 +17,7 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QScopeGuard>
 #include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
@@ -24,6 +25,8 @@
 #include <algorithm>
 
 namespace hb {
+
+std::optional<hb::report::ReportData> FrmAddressRpt::carriedRows;
 
 bool ColumnsReady = false;
 
@@ -61,7 +64,9 @@ void FrmAddressRpt::formLoad()
     Report->formulaSyntax = 1;
     Report->titleFormula = TitleFormulaText(GetReportTitle());
     Report->title();   // the engine fails here on a title that breaks the formula
-    data = ReadSelectedListings();
+    // A change of columns reloads the window on the same rows: they come along instead of being read again.
+    data = carriedRows ? std::move(*carriedRows) : ReadSelectedListings();
+    carriedRows.reset();
     CRViewer1->setReportSource(Report, data);
     CRViewer1->viewReport();
     while (CRViewer1->isBusy())
@@ -146,6 +151,8 @@ void FrmAddressRpt::optXUp_Click(int index)
         return;
     SetNOption(50, index + 1);
     ReturnToListings = false;
+    carriedRows = data;
+    const auto dropRows = qScopeGuard([] { carriedRows.reset(); });  // not kept past this reload
     ReloadReport();
 }
 

@@ -5,6 +5,7 @@
 #include "platform/report/reportmodel.h"
 
 #include <array>
+#include <optional>
 
 class QCheckBox;
 class QGroupBox;
@@ -75,6 +76,8 @@ private:
 
     hb::report::ReportDefinition* Report = nullptr;
     hb::report::ReportData data;
+    // The rows handed from the window a change of columns replaces to the one that replaces it.
+    static std::optional<hb::report::ReportData> carriedRows;
     QString helpContext;
 };
 
