@@ -3,7 +3,6 @@
 #include "core/forms.h"
 
 class QComboBox;
-class Recordset;
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -11,6 +10,11 @@ class QPlainTextEdit;
 class QPushButton;
 
 namespace hb {
+
+namespace storage {
+class Recordset;
+}
+using storage::Recordset;
 
 namespace ui {
 class ListBox;

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <cstdio>
 
+using namespace hb::storage;
+
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);

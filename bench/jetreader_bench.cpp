@@ -3,6 +3,7 @@
 
 #include "platform/jet/jetreader.h"
 #include "platform/storage/database.h"
+#include "tests/support/storagenames.h"
 
 #include <QFile>
 #include <benchmark/benchmark.h>

@@ -2,6 +2,7 @@
 // 32767 listings.
 
 #include "platform/storage/database.h"
+#include "tests/support/storagenames.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -5,9 +5,13 @@
 #include <QString>
 #include <QVariant>
 
-class Recordset;
 
 namespace hb {
+
+namespace storage {
+class Recordset;
+}
+using storage::Recordset;
 
 // Opens rs on the first row that sql finds, into the window's shared recordset; false, with it closed,
 // when the row is gone.

@@ -12,18 +12,14 @@
 
 #include <sqlite3.h>
 
-
-using hb::storage::Connection;
-using hb::storage::engineError;
-using hb::storage::OpenMode;
-using hb::storage::Statement;
+namespace hb::storage {
 
 namespace {
 
 // A compacted file is put in place only when the engine finds it whole.
 void checkWhole(const QString& path)
 {
-    const std::shared_ptr<Connection> written = hb::storage::openConnection(path, OpenMode::ReadOnly);
+    const std::shared_ptr<Connection> written = openConnection(path, OpenMode::ReadOnly);
     Statement check(*written, QStringLiteral("PRAGMA quick_check"));
     const bool whole = check.step() && check.text(0) == QLatin1String("ok");
     check.finalize();
@@ -48,14 +44,14 @@ Database Database::open(const QString& path, bool exclusive, bool readOnly, cons
 {
     Q_UNUSED(exclusive);
     Q_UNUSED(connect);
-    if (hb::storage::isOriginalEngineFile(path))
-        return Database(hb::storage::openOriginalFile(path));
-    return Database(hb::storage::openConnection(path, readOnly ? OpenMode::ReadOnly : OpenMode::Existing));
+    if (isOriginalEngineFile(path))
+        return Database(openOriginalFile(path));
+    return Database(openConnection(path, readOnly ? OpenMode::ReadOnly : OpenMode::Existing));
 }
 
 Database Database::create(const QString& path)
 {
-    return Database(hb::storage::openConnection(path, OpenMode::Create));
+    return Database(openConnection(path, OpenMode::Create));
 }
 
 bool Database::isOpen() const
@@ -101,32 +97,32 @@ Recordset Database::openRecordset(const QString& tableNameOrSql)
 
 QStringList Database::tableNames() const
 {
-    return hb::storage::tableNames(connection());
+    return storage::tableNames(connection());
 }
 
 std::optional<TableDef> Database::tableDef(const QString& name) const
 {
-    return hb::storage::readTableDef(connection(), name);
+    return readTableDef(connection(), name);
 }
 
 void Database::createTable(const TableDef& def)
 {
-    hb::storage::createTable(connection(), def);
+    storage::createTable(connection(), def);
 }
 
 void Database::appendField(const QString& table, const FieldDef& field)
 {
-    hb::storage::appendField(connection(), table, field);
+    storage::appendField(connection(), table, field);
 }
 
 void Database::addTextLookupIndex(const QString& table, const QString& field)
 {
-    hb::storage::addTextLookupIndex(connection(), table, field);
+    storage::addTextLookupIndex(connection(), table, field);
 }
 
 void Database::compact(const QString& source, const QString& target)
 {
-    const std::shared_ptr<Connection> from = hb::storage::openConnection(source, OpenMode::Existing);
+    const std::shared_ptr<Connection> from = openConnection(source, OpenMode::Existing);
     QString temporary;
     try {
         temporary = hb::files::createFileBeside(target);
@@ -159,10 +155,12 @@ qint64 Database::changesMade() const
 
 bool Database::isOriginalFile(const QString& path)
 {
-    return hb::storage::isOriginalEngineFile(path);
+    return isOriginalEngineFile(path);
 }
 
 void Database::convertOriginalFile(const QString& source, const QString& target)
 {
-    hb::storage::convertOriginalFile(source, target);
+    storage::convertOriginalFile(source, target);
 }
+
+}  // namespace hb::storage

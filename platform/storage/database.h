@@ -11,8 +11,8 @@
 #include <optional>
 
 namespace hb::storage {
+
 struct Connection;
-}
 
 // A database file. A cheap shared handle: copies refer to one connection, and
 // closing one closes it for all.
@@ -63,8 +63,14 @@ public:
     static void convertOriginalFile(const QString& source, const QString& target);
 
 private:
-    explicit Database(std::shared_ptr<hb::storage::Connection> connection);
-    hb::storage::Connection& connection() const;
+    explicit Database(std::shared_ptr<Connection> connection);
+    Connection& connection() const;
 
-    std::shared_ptr<hb::storage::Connection> m_connection;
+    std::shared_ptr<Connection> m_connection;
 };
+
+}  // namespace hb::storage
+
+namespace hb {
+using storage::Database;
+}  // namespace hb

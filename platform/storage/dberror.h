@@ -5,6 +5,8 @@
 
 #include <exception>
 
+namespace hb::storage {
+
 // Every failure of the storage engine. The numbers are those the program was
 // written against, so that its error handler shows what the user knows.
 class DbError : public std::exception {
@@ -22,3 +24,9 @@ private:
     QString m_sql;
     QByteArray m_what;
 };
+
+}  // namespace hb::storage
+
+namespace hb {
+using storage::DbError;
+}  // namespace hb

@@ -1,5 +1,7 @@
 #include "platform/storage/fielddef.h"
 
+namespace hb::storage {
+
 const FieldDef* TableDef::field(const QString& fieldName) const
 {
     for (const FieldDef& f : fields) {
@@ -8,3 +10,5 @@ const FieldDef* TableDef::field(const QString& fieldName) const
     }
     return nullptr;
 }
+
+}  // namespace hb::storage

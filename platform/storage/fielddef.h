@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace hb::storage {
+
 // The engine's field types, by the names the program uses for them.
 enum class FieldType { Boolean, Byte, Integer, Long, Single, Double, Date, Text, Memo };
 
@@ -40,3 +42,13 @@ struct TableDef {
     // Case-insensitive; nullptr when the table has no such field.
     const FieldDef* field(const QString& name) const;
 };
+
+}  // namespace hb::storage
+
+namespace hb {
+using storage::FieldType;
+using storage::FieldDef;
+using storage::IndexDef;
+using storage::RelationDef;
+using storage::TableDef;
+}  // namespace hb

@@ -6,9 +6,7 @@
 
 #include <sqlite3.h>
 
-using hb::storage::Connection;
-using hb::storage::engineError;
-using hb::storage::RowStore;
+namespace hb::storage {
 
 void Recordset::Impl::requireCurrent() const
 {
@@ -69,7 +67,7 @@ void Recordset::Impl::followChangedColumns()
         return;
     // Values already set were set by the old columns' places.
     if (!buffer.isEmpty())
-        throw hb::storage::sqliteError(*connection, SQLITE_SCHEMA, given, QStringLiteral("database schema has changed"));
+        throw sqliteError(*connection, SQLITE_SCHEMA, given, QStringLiteral("database schema has changed"));
     describeColumns();
     rows = RowStore(int(shape->columns.size()));
 }
@@ -94,9 +92,9 @@ QVariant Recordset::Impl::present(int row, int column) const
     const RowStore::Cell& cell = rows.cell(row, column);
     const std::optional<FieldType> type = shape->columns[column].type;
     switch (cell.kind) {
-    case RowStore::Cell::Integer: return hb::storage::fromInteger(type, cell.integer);
-    case RowStore::Cell::Real: return hb::storage::fromReal(type, cell.real);
-    case RowStore::Cell::Text: return hb::storage::fromText(type, QString::fromUtf8(rows.bytes(cell), cell.bytes.size));
+    case RowStore::Cell::Integer: return fromInteger(type, cell.integer);
+    case RowStore::Cell::Real: return fromReal(type, cell.real);
+    case RowStore::Cell::Text: return fromText(type, QString::fromUtf8(rows.bytes(cell), cell.bytes.size));
     case RowStore::Cell::Blob: return QByteArray(rows.bytes(cell), cell.bytes.size);
     case RowStore::Cell::Null: break;
     }
@@ -107,9 +105,9 @@ QVariant Recordset::Impl::presentStored(int column, const QVariant& stored) cons
 {
     const std::optional<FieldType> type = shape->columns[column].type;
     switch (stored.typeId()) {
-    case QMetaType::LongLong: return hb::storage::fromInteger(type, stored.toLongLong());
-    case QMetaType::Double: return hb::storage::fromReal(type, stored.toDouble());
-    case QMetaType::QString: return hb::storage::fromText(type, stored.toString());
+    case QMetaType::LongLong: return fromInteger(type, stored.toLongLong());
+    case QMetaType::Double: return fromReal(type, stored.toDouble());
+    case QMetaType::QString: return fromText(type, stored.toString());
     default: return {};
     }
 }
@@ -204,7 +202,7 @@ void Recordset::setValue(const QString& field, const QVariant& v)
     Impl& r = impl();
     r.requireEditing();
     const int column = r.column(field);
-    r.buffer.insert(column, hb::storage::toStored(r.shape->columns[column].type, v));
+    r.buffer.insert(column, toStored(r.shape->columns[column].type, v));
 }
 
 bool Recordset::hasField(const QString& field) const
@@ -216,7 +214,9 @@ bool Recordset::hasField(const QString& field) const
 QStringList Recordset::fieldNames() const
 {
     QStringList names;
-    for (const hb::storage::RecordsetColumn& column : impl().shape->columns)
+    for (const RecordsetColumn& column : impl().shape->columns)
         names << column.name;
     return names;
 }
+
+}  // namespace hb::storage

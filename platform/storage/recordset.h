@@ -7,8 +7,8 @@
 #include <memory>
 
 namespace hb::storage {
+
 struct Connection;
-}
 
 // A dynaset: the rows of a table or query, read on first use and then held,
 // so that edits made while walking do not disturb the walk. On a table, or on
@@ -53,8 +53,14 @@ private:
     friend class Database;
     class Impl;
     explicit Recordset(std::unique_ptr<Impl> impl);
-    static Recordset open(std::shared_ptr<hb::storage::Connection> connection, const QString& tableNameOrSql);
+    static Recordset open(std::shared_ptr<Connection> connection, const QString& tableNameOrSql);
     Impl& impl() const;
 
     std::unique_ptr<Impl> d;
 };
+
+}  // namespace hb::storage
+
+namespace hb {
+using storage::Recordset;
+}  // namespace hb

@@ -32,13 +32,11 @@ struct RecordsetShape {
     QHash<QString, QString> writeTexts;
 };
 
-}  // namespace hb::storage
-
 // The state behind a Recordset: recordsetopen.cpp prepares it, recordset.cpp
 // reads and moves, recordsetwrite.cpp writes and finds.
 class Recordset::Impl {
 public:
-    Impl(std::shared_ptr<hb::storage::Connection> connection, const QString& tableNameOrSql);
+    Impl(std::shared_ptr<Connection> connection, const QString& tableNameOrSql);
 
     enum class Mode { None, Edit, AddNew };
 
@@ -62,16 +60,16 @@ public:
     void refresh(int row, qint64 rowid);
     void readBack(int row);
     void removeCurrent();
-    std::unique_ptr<hb::storage::Statement> prepareCriteria(const QString& criteria);
+    std::unique_ptr<Statement> prepareCriteria(const QString& criteria);
 
-    std::shared_ptr<hb::storage::Connection> connection;
+    std::shared_ptr<Connection> connection;
     QString given;  // the table name or SQL as opened
-    hb::storage::RecordsetSource source;
-    std::unique_ptr<hb::storage::Statement> query;  // until the rows are fetched
-    std::shared_ptr<hb::storage::RecordsetShape> shape;
+    RecordsetSource source;
+    std::unique_ptr<Statement> query;  // until the rows are fetched
+    std::shared_ptr<RecordsetShape> shape;
     QByteArray shapeKey;  // the statement's columns as the shape describes them
     int first = 0;               // 1 when the query's column 0 is the rowid
-    hb::storage::RowStore rows;
+    RowStore rows;
     QSet<int> unread;  // rows written and not read back yet
     bool fetched = false;
     int position = 0;
@@ -93,3 +91,5 @@ private:
     QString keptText(QChar kind, const QList<int>& indexes) const;
     QString criteriaSql(const QString& criteria) const;
 };
+
+}  // namespace hb::storage

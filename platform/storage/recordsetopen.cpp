@@ -7,10 +7,7 @@
 
 #include <algorithm>
 
-using hb::storage::Connection;
-using hb::storage::engineError;
-using hb::storage::RowStore;
-using hb::storage::Statement;
+namespace hb::storage {
 
 namespace {
 
@@ -34,7 +31,7 @@ Recordset::Impl::Impl(std::shared_ptr<Connection> connection_, const QString& ta
 
 void Recordset::Impl::open()
 {
-    source = hb::storage::planRecordset(*connection, given);
+    source = planRecordset(*connection, given);
     if (!prepare(source.sql)) {
         source = {given, {}};
         prepare(source.sql);
@@ -46,7 +43,7 @@ void Recordset::Impl::open()
 // False when the SQL was meant to write to a table but reads other columns.
 bool Recordset::Impl::prepare(const QString& sql)
 {
-    if (const std::optional<hb::storage::SharedSelect> shared = hb::storage::shareLiterals(sql)) {
+    if (const std::optional<SharedSelect> shared = shareLiterals(sql)) {
         query = std::make_unique<Statement>(*connection, shared->sql);
         query->showAs(sql);
         for (int i = 0; i < shared->values.size(); ++i)
@@ -95,21 +92,21 @@ void Recordset::Impl::describeColumns()
     const int count = sqlite3_column_count(stmt);
     const QByteArray key = columnsKey();
     shapeKey = key;
-    static QHash<QByteArray, std::shared_ptr<hb::storage::RecordsetShape>> known;
+    static QHash<QByteArray, std::shared_ptr<RecordsetShape>> known;
     if (const auto found = known.constFind(key); found != known.cend()) {
         shape = *found;
         return;
     }
-    shape = std::make_shared<hb::storage::RecordsetShape>();
-    QList<hb::storage::RecordsetColumn>& columns = shape->columns;
+    shape = std::make_shared<RecordsetShape>();
+    QList<RecordsetColumn>& columns = shape->columns;
     QHash<QString, int>& byName = shape->byName;
     for (int i = first; i < count; ++i) {
-        hb::storage::RecordsetColumn column;
+        RecordsetColumn column;
         column.name = columnText(sqlite3_column_name(stmt, i));
         column.origin = columnText(sqlite3_column_origin_name(stmt, i));
         column.declared = columnText(sqlite3_column_decltype(stmt, i));
         if (!column.declared.isEmpty())
-            column.type = hb::storage::fieldTypeOf(column.declared);
+            column.type = fieldTypeOf(column.declared);
         const int index = int(columns.size());
         const QString table = columnText(sqlite3_column_table_name(stmt, i));
         if (!table.isEmpty() && !column.origin.isEmpty()) {
@@ -127,3 +124,5 @@ void Recordset::Impl::describeColumns()
         known.clear();
     known.insert(key, shape);
 }
+
+}  // namespace hb::storage

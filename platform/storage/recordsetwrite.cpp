@@ -6,9 +6,7 @@
 
 #include <algorithm>
 
-using hb::storage::engineError;
-using hb::storage::quoted;
-using hb::storage::Statement;
+namespace hb::storage {
 
 QString Recordset::Impl::columnList(const QList<int>& indexes) const
 {
@@ -65,9 +63,9 @@ QString Recordset::Impl::criteriaSql(const QString& criteria) const
 {
     QStringList values;
     for (int c = 0; c < shape->columns.size(); ++c) {
-        const hb::storage::RecordsetColumn& column = shape->columns[c];
+        const RecordsetColumn& column = shape->columns[c];
         QString value = QStringLiteral("?%1").arg(c + 1);
-        if (column.type && hb::storage::isTextType(*column.type))
+        if (column.type && isTextType(*column.type))
             value = QStringLiteral("CAST(%1 AS TEXT) COLLATE NOCASE").arg(value);
         else if (column.type && *column.type != FieldType::Date)
             value = QStringLiteral("CAST(%1 AS %2)").arg(value, column.declared);
@@ -216,3 +214,5 @@ void Recordset::findFirst(const QString& criteria)
     }
     r.noMatch = true;
 }
+
+}  // namespace hb::storage

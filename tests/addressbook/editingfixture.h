@@ -9,6 +9,7 @@
 #include "core/session.h"
 #include "platform/storage/recordset.h"
 #include "platform/ui/listbox.h"
+#include "storagenames.h"
 
 #include <QCheckBox>
 #include <QLabel>

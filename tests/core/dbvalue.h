@@ -6,8 +6,8 @@
 #include <QVariant>
 
 // The first column of the first row a query gives, or nothing when it gives no row.
-inline QVariant scalar(Database& db, const QString& sql)
+inline QVariant scalar(hb::storage::Database& db, const QString& sql)
 {
-    Recordset rs = db.openRecordset(sql);
+    hb::storage::Recordset rs = db.openRecordset(sql);
     return rs.eof() ? QVariant() : rs.value(rs.fieldNames().first());
 }

@@ -13,6 +13,7 @@
 #include "platform/storage/database.h"
 #include "platform/ui/folderlists.h"
 #include "tools/formabout.h"
+#include "storagenames.h"
 
 #include <QAction>
 #include <QFile>

@@ -2,6 +2,7 @@
 
 #include "platform/storage/safecopy.h"
 #include "platform/ui/listbox.h"
+#include "storagenames.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -8,6 +8,7 @@
 #include "core/session.h"
 #include "exchange/formimport.h"
 #include "exchange/importdriver.h"
+#include "storagenames.h"
 
 #include <QCheckBox>
 #include <QLabel>

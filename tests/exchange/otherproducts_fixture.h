@@ -4,6 +4,7 @@
 
 #include "core/schema.h"
 #include "core/setup.h"
+#include "storagenames.h"
 
 #include <QRadioButton>
 

@@ -4,6 +4,7 @@
 #include "core/errors.h"
 #include "core/misc.h"
 #include "exchange/otherproducts.h"
+#include "storagenames.h"
 
 using namespace hb;
 

@@ -1,6 +1,7 @@
 #include "core/schema.h"
 #include "platform/storage/database.h"
 #include "platform/storage/safecopy.h"
+#include "storagenames.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,5 @@
 #include "labels_fixture.h"
+#include "storagenames.h"
 
 QVector<QVariantMap> LabelsFixture::rptLabels()
 {

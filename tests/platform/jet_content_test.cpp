@@ -6,6 +6,8 @@
 
 #include <cmath>
 
+using namespace hb::storage;
+
 using jettest::CsvField;
 using jettest::CsvRow;
 

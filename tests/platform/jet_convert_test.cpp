@@ -4,6 +4,8 @@
 
 #include <QCryptographicHash>
 
+using namespace hb::storage;
+
 namespace {
 
 using storagetest::errorOf;

@@ -14,6 +14,8 @@
 
 #include <iconv.h>
 
+using namespace hb::storage;
+
 namespace {
 
 // The inputs are near copies of a few fixture files, so they are kept xz-compressed: the corpus as one

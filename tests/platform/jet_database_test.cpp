@@ -12,6 +12,8 @@
 #include <cmath>
 #include <QTemporaryDir>
 
+using namespace hb::storage;
+
 namespace {
 
 using storagetest::errorOf;

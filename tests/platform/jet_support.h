@@ -12,6 +12,8 @@
 // Fixture files of the original engine and the CSV texts that tell their content.
 namespace jettest {
 
+using namespace hb::storage;
+
 inline QString dataDir()
 {
     return QStringLiteral(HB_SOURCE_DIR "/tests/data/jet");

@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+using namespace hb::storage;
+
 namespace {
 
 using namespace storagetest;

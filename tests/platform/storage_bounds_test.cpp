@@ -2,6 +2,8 @@
 
 #include "platform/storage/recordset.h"
 
+using namespace hb::storage;
+
 using namespace storagetest;
 
 // The whole-number types hold exactly the range of their size: the ends go in and read back, one past

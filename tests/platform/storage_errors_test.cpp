@@ -9,6 +9,8 @@
 
 #include <unistd.h>
 
+using namespace hb::storage;
+
 namespace {
 
 using namespace storagetest;

@@ -10,6 +10,8 @@
 
 #include <csignal>
 
+using namespace hb::storage;
+
 namespace {
 
 using namespace storagetest;

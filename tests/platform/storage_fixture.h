@@ -21,6 +21,8 @@
 
 namespace storagetest {
 
+using namespace hb::storage;
+
 inline FieldDef field(const QString& name, FieldType type, int size = 0)
 {
     FieldDef f;

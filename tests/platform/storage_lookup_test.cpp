@@ -3,6 +3,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+using namespace hb::storage;
+
 namespace {
 
 using namespace storagetest;

@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 
+using namespace hb::storage;
+
 namespace {
 
 using namespace storagetest;

@@ -1,6 +1,8 @@
 #include "platform/storage/textrules.h"
 #include "storage_fixture.h"
 
+using namespace hb::storage;
+
 namespace {
 
 using hb::storage::compareNoCase;

@@ -8,6 +8,7 @@
 #include "core/session.h"
 #include "platform/ui/listbox.h"
 #include "reports/frmselect.h"
+#include "storagenames.h"
 
 #include <QLabel>
 #include <QLineEdit>

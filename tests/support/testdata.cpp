@@ -2,6 +2,8 @@
 
 #include "core/session.h"
 
+using namespace hb::storage;
+
 void addListing(const ListingRow& row)
 {
     Recordset rs = hb::DB.openRecordset(QStringLiteral("Roof"));
