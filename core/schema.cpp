@@ -99,7 +99,6 @@ void createMainShell(const QString& path)
 {
     Database db = Database::create(path);
     db.createTable(roofTable());
-    db.addTextLookupIndex(QStringLiteral("Roof"), QStringLiteral("RoofName"));
     db.createTable(personTable());
     db.createTable(roofTypeTable());
     db.createTable(table(QStringLiteral("NumberOptions"),

@@ -4,6 +4,7 @@
 #include "core/bookstart.h"
 #include "core/datafolder.h"
 #include "core/errors.h"
+#include "core/fileformat.h"
 #include "core/migration.h"
 #include "core/misc.h"
 #include "core/session.h"
@@ -64,18 +65,6 @@ void openMainDatabase(StandardHandler& handler)
             DB = Database::open(DatabaseName, false, false, QStringLiteral(";pwd=tulip434"));
         }
     });
-}
-
-// The import finds duplicates by name among many listings; files made before the index get it here.
-// Without it everything still works, only slower, so a file that cannot take it is left as it is.
-void addLookupIndex()
-{
-    try {
-        if (DB.isOpen())
-            DB.addTextLookupIndex(QStringLiteral("Roof"), QStringLiteral("RoofName"));
-    } catch (const DbError& failure) {
-        DebugLog(QStringLiteral("No name index: ") + failure.description());
-    }
 }
 
 void readVersion(StandardHandler& handler)
@@ -198,7 +187,8 @@ void Setup()
         openMainDatabase(handler);
         readVersion(handler);
         upgrade(handler);
-        addLookupIndex();
+        if (DB.isOpen())
+            upgradeFileFormat(DB);
         if (!countStart(handler))
             break;
         handler.run(ClearReportTables);

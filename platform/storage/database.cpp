@@ -70,6 +70,17 @@ void Database::close()
         m_connection->close();
 }
 
+int Database::formatStep() const
+{
+    Statement read(connection(), QStringLiteral("PRAGMA user_version"));
+    return read.step() ? int(read.integer(0)) : 0;
+}
+
+void Database::setFormatStep(int step)
+{
+    run(connection(), QStringLiteral("PRAGMA user_version = %1").arg(step));
+}
+
 Connection& Database::connection() const
 {
     if (!m_connection)

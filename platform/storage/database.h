@@ -48,6 +48,10 @@ public:
     void appendField(const QString& table, const FieldDef& field);
     // A case-insensitive lookup index on a text field (see hb::storage::addTextLookupIndex).
     void addTextLookupIndex(const QString& table, const QString& field);
+    // The number of the last change of the file's own layout made to it (0 for none); kept in the file's
+    // header, so that it costs nothing to read at each start.
+    int formatStep() const;
+    void setFormatStep(int step);
 
     // Compacts a closed database file into target: written beside the target
     // and renamed over it, so the target is replaced atomically. Fails with

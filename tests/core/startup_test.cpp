@@ -2,6 +2,7 @@
 #include "programfixture.h"
 
 #include "core/errors.h"
+#include "core/fileformat.h"
 #include "core/options.h"
 #include "core/session.h"
 #include "core/setup.h"
@@ -185,17 +186,25 @@ TEST_F(StartupTest, AddressTypesAreCachedInNameOrderBehindNoTypeAssigned)
     }
 }
 
-TEST_F(StartupTest, EveryStartGivesTheFileItsNameIndexForFindingListingsByName)
+TEST_F(StartupTest, AFileGetsItsNameIndexOnceAtItsFirstStart)
 {
     const QString plan = QStringLiteral("explain query plan select * from Roof where RoofName = 'Brown Family'");
+    const QString indexes = QStringLiteral("select count(*) from sqlite_master where name = 'Roof_RoofNameLookup'");
     ASSERT_TRUE(setup());
-    EXPECT_TRUE(scalar(DB, plan).isValid());
-    Recordset rs = DB.openRecordset(plan);
-    EXPECT_EQ(rs.value(QStringLiteral("detail")).toString(),
+    EXPECT_EQ(DB.openRecordset(plan).value(QStringLiteral("detail")).toString(),
               QStringLiteral("SEARCH Roof USING INDEX Roof_RoofNameLookup (RoofName=?)"));
-    rs.close();
+    EXPECT_EQ(DB.formatStep(), currentFormatStep());
+
     DB.execute(QStringLiteral("drop index Roof_RoofNameLookup"));  // a file made before the index
+    DB.setFormatStep(0);
     resetSession();
     ASSERT_TRUE(setup());
-    EXPECT_EQ(scalar(DB, QStringLiteral("select count(*) from sqlite_master where name = 'Roof_RoofNameLookup'")).toInt(), 1);
+    EXPECT_EQ(scalar(DB, indexes).toInt(), 1);
+    EXPECT_EQ(DB.formatStep(), 1);
+
+    // A start that finds the step made looks no further.
+    DB.execute(QStringLiteral("drop index Roof_RoofNameLookup"));
+    resetSession();
+    ASSERT_TRUE(setup());
+    EXPECT_EQ(scalar(DB, indexes).toInt(), 0);
 }
