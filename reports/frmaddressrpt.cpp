@@ -190,9 +190,9 @@ void FrmAddressRpt::cmdClose_Click()
 
 void FrmAddressRpt::PrintReport() { hb::report::printOut(*Report, data, true); }
 
+// The report stays in sight while its printer is set up: the user sees what the setting is for.
 void FrmAddressRpt::PrinterSetup()
 {
-    setFormVisible(false);
     hb::report::printerSetup(*Report);
     SetFramePointer(11);
     QCoreApplication::processEvents();

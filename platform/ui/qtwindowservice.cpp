@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QFontDialog>
@@ -28,6 +29,18 @@ QMessageBox::Icon iconOf(int style)
     case MsgIconInformation: return QMessageBox::Information;
     case 16: return QMessageBox::Critical;
     default: return QMessageBox::NoIcon;
+    }
+}
+
+// The print dialog when nothing is printed from it: it chooses and sets up the printer, and its button
+// says so instead of "Print".
+void asSetupDialog(QPrintDialog& dialog)
+{
+    dialog.setWindowTitle(QStringLiteral("Printer Setup"));
+    dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize);
+    if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
+        if (QPushButton* ok = buttons->button(QDialogButtonBox::Ok))
+            ok->setText(QStringLiteral("OK"));
     }
 }
 
@@ -111,6 +124,8 @@ bool QtWindowService::choosePrinter(QPrinter& printer, int pageCount)
     dialog.setOption(QAbstractPrintDialog::PrintPageRange, pageCount > 0);
     if (pageCount > 0)
         dialog.setMinMax(1, pageCount);
+    else
+        asSetupDialog(dialog);
     return dialog.exec() == QDialog::Accepted;
 }
 

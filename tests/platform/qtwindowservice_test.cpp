@@ -1,7 +1,9 @@
 #include "platform/ui/qtwindowservice.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QMessageBox>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -73,4 +75,22 @@ TEST(QtWindowServiceTest, EachStyleGivesItsButtonsIconAndDefaultButton)
         EXPECT_EQ(seen.buttons, c.buttons) << c.style;
         EXPECT_EQ(seen.defaultButton, c.defaultButton) << c.style;
     }
+}
+
+TEST(QtWindowServiceTest, APrintDialogThatOnlySetsUpSaysSo)
+{
+    QtWindowService service;
+    QPrinter printer;
+    QString title, button;
+    QTimer::singleShot(0, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        title = dialog->windowTitle();
+        if (auto* buttons = dialog->findChild<QDialogButtonBox*>())
+            button = buttons->button(QDialogButtonBox::Ok)->text();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(service.choosePrinter(printer, 0));
+    EXPECT_EQ(title, QStringLiteral("Printer Setup"));
+    EXPECT_EQ(button, QStringLiteral("OK"));
 }

@@ -168,8 +168,10 @@ TEST_F(ReportDialogsTest, PrinterSetupToLandscapeMovesTheReportToTheLandscapeDef
     ASSERT_NE(open("mnuAddress"), nullptr);
     PrintCapture capture;
     capture.chooseLandscape();
-    dialogs().answerPrinter(true);
+    bool shownMeanwhile = false;
+    dialogs().scriptPrinter([&](QPrinter&) { return shownMeanwhile = shown() && shown()->isVisible(); });
     ASSERT_TRUE(trigger(QStringLiteral("mnuPrinterSetup")));
+    EXPECT_TRUE(shownMeanwhile);
     EXPECT_EQ(capture.printersChosen(), 1);
     EXPECT_FALSE(PrinterIsPortrait());
     ASSERT_NE(shown(), nullptr);
