@@ -3,10 +3,13 @@
 #include <QApplication>
 #include <QFont>
 #include <QHash>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
 #include <QPixmap>
+#include <QStyle>
+#include <QStyleOption>
 
 namespace hb {
 
@@ -257,17 +260,46 @@ const QHash<QString, std::pair<const char*, Painter>>& catalogue()
     return icons;
 }
 
-QPixmap draw(Painter paint, int size)
+QPixmap draw(Painter paint, QSize size)
 {
-    QPixmap pixmap(size, size);
+    QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
     QPainter p(&pixmap);
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::TextAntialiasing);
-    p.scale(size / 48.0, size / 48.0);
+    p.scale(size.width() / 48.0, size.height() / 48.0);
     paint(p);
     return pixmap;
 }
+
+// Draws the icon when it is shown, so that marks in the palette's ink follow a change of colours while
+// the program runs.
+class DrawnIconEngine : public QIconEngine {
+public:
+    explicit DrawnIconEngine(Painter paint) : paint_(paint) {}
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
+    {
+        const QPixmap drawn = draw(paint_, size);
+        if (mode == QIcon::Normal || mode == QIcon::Active)
+            return drawn;
+        QStyleOption option;
+        option.palette = QApplication::palette();
+        return QApplication::style()->generatedIconPixmap(mode, drawn, &option);
+    }
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+        QPixmap shown = pixmap(rect.size() * ratio, mode, state);
+        shown.setDevicePixelRatio(ratio);
+        painter->drawPixmap(rect, shown);
+    }
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
+    QIconEngine* clone() const override { return new DrawnIconEngine(paint_); }
+
+private:
+    Painter paint_;
+};
 
 } // namespace
 
@@ -276,10 +308,7 @@ QIcon ownToolbarIcon(const QString& key)
     const auto found = catalogue().constFind(key);
     if (found == catalogue().constEnd())
         return {};
-    QIcon icon;
-    for (int size : {16, 24, 32, 48})
-        icon.addPixmap(draw(found->second, size));
-    return icon;
+    return QIcon(new DrawnIconEngine(found->second));
 }
 
 QIcon toolbarIcon(const QString& key)

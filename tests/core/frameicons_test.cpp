@@ -30,6 +30,10 @@ double readableShare(const QIcon& icon, const QColor& ground)
 
 TEST(FrameIcons, TheMarksDrawnOnTheToolbarFollowALightAndADarkPalette)
 {
+    // Made once, as the toolbar makes them, and then shown under each palette in turn.
+    QList<std::pair<const char*, QIcon>> icons;
+    for (const char* key : {"Bold", "Italic", "Left", "Center", "Right", "Grid"})
+        icons.append({key, hb::ownToolbarIcon(QString::fromLatin1(key))});
     const QPalette saved = QApplication::palette();
     QPalette dark = saved;
     dark.setColor(QPalette::Window, QColor(0x31, 0x36, 0x3b));
@@ -37,9 +41,9 @@ TEST(FrameIcons, TheMarksDrawnOnTheToolbarFollowALightAndADarkPalette)
     for (const QPalette& palette : {QApplication::style()->standardPalette(), dark}) {
         QApplication::setPalette(palette);
         const QColor ground = palette.color(QPalette::Window);
-        for (const char* key : {"Bold", "Italic", "Left", "Center", "Right", "Grid"}) {
+        for (const auto& [key, icon] : icons) {
             SCOPED_TRACE(std::string(key) + " on " + ground.name().toStdString());
-            EXPECT_GT(readableShare(hb::ownToolbarIcon(QString::fromLatin1(key)), ground), 0.6);
+            EXPECT_GT(readableShare(icon, ground), 0.6);
         }
     }
     QApplication::setPalette(saved);
