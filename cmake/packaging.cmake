@@ -23,6 +23,21 @@ foreach(size 48 256)
     RENAME homebook.png)
 endforeach()
 
+# The screenshots of the AppStream data, taken of the real windows by a test of the reports ("screenshots"
+# target; the package carries them when they were taken, and the project's site shows the same pictures).
+if(TARGET test_reports)
+  set(HB_SCREENSHOTS ${CMAKE_BINARY_DIR}/screenshots)
+  add_custom_target(screenshots
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${HB_SCREENSHOTS}
+    COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen HB_SCREENSHOT_DIR=${HB_SCREENSHOTS}
+            $<TARGET_FILE:test_reports> --gtest_filter=PackageScreenshots.*
+    DEPENDS test_reports shells helpfiles
+    WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests
+    COMMENT "Taking the screenshots of the AppStream data"
+    VERBATIM)
+  install(DIRECTORY ${HB_SCREENSHOTS}/ DESTINATION ${HB_SHARE_DIR}/screenshots OPTIONAL)
+endif()
+
 # Debian wants its changelog and the manual page compressed, the same bytes at every build.
 set(HB_DOC_DIR ${CMAKE_INSTALL_DATADIR}/doc/homebook)
 set(HB_GZIPPED ${CMAKE_BINARY_DIR}/packaging)

@@ -16,6 +16,10 @@ done
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
+echo "== Screenshots"
+cmake --build "$build" --target screenshots >"$scratch/screenshots.log" 2>&1 ||
+  { cat "$scratch/screenshots.log"; fail "the screenshots of the AppStream data were not taken"; }
+
 echo "== Package"
 (cd "$scratch" && cpack -G DEB --config "$build/CPackConfig.cmake" -B "$scratch/pkg" >cpack.log 2>&1) ||
   { cat "$scratch/cpack.log"; fail "cpack could not make the package"; }
@@ -34,7 +38,8 @@ dpkg -x "$deb" "$root" || fail "dpkg -x could not unpack the package"
 for file in usr/bin/homebook usr/libexec/homebook/homebook-mdbreader usr/share/homebook/hb10db.shell usr/share/homebook/export.mdb \
   usr/share/homebook/help/index.html usr/share/applications/org.homebook.Homebook.desktop \
   usr/share/metainfo/org.homebook.Homebook.metainfo.xml usr/share/icons/hicolor/scalable/apps/homebook.svg \
-  usr/share/icons/hicolor/48x48/apps/homebook.png usr/share/icons/hicolor/256x256/apps/homebook.png; do
+  usr/share/icons/hicolor/48x48/apps/homebook.png usr/share/icons/hicolor/256x256/apps/homebook.png \
+  usr/share/homebook/screenshots/listings.png usr/share/homebook/screenshots/report.png; do
   [ -f "$root/$file" ] || fail "the package lacks /$file"
 done
 if command -v desktop-file-validate >/dev/null; then
