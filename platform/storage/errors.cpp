@@ -1,6 +1,7 @@
 #include "platform/storage/errors.h"
 
 #include "platform/storage/connection.h"
+#include "platform/storage/namedtables.h"
 #include "platform/storage/schema.h"
 
 #include <QRegularExpression>
@@ -95,19 +96,15 @@ DbError constraintError(Connection& connection, int rc, const QString& message, 
     return engineError(3000, {QString::number(rc), message}, sql);
 }
 
-DbError plainError(int rc, const QString& message, const QString& sql)
+// SQLite has one code, SQLITE_ERROR, for every text it cannot run. A missing table is told by the file
+// itself; a missing column and a syntax error have neither a code of their own nor a position SQLite
+// always gives, and only there its message tells them apart.
+DbError plainError(Connection& connection, int rc, const QString& message, const QString& sql)
 {
-    QString name;
-    if (!(name = captured(message, "^no such table: (?:main\\.)?(.+)$")).isEmpty())
-        return engineError(3078, {name}, sql);
-    if (!(name = captured(message, "^no such column: (.+)$")).isEmpty())
-        return engineError(3061, {name}, sql);
-    if (!(name = captured(message, "^table \"?(.+?)\"? already exists$")).isEmpty())
-        return engineError(3010, {name}, sql);
-    if (!(name = captured(message, "^duplicate column name: (.+)$")).isEmpty())
-        return engineError(3191, {name}, sql);
-    if (!(name = captured(message, "^index (.+) already exists$")).isEmpty())
-        return engineError(3375, {captured(sql, "(?i)\\bon\\s+\"?([^\\s\"(]+)"), name}, sql);
+    if (const QString table = missingTable(connection, sql); !table.isEmpty())
+        return engineError(3078, {table}, sql);
+    if (const QString column = captured(message, "^no such column: (.+)$"); !column.isEmpty())
+        return engineError(3061, {column}, sql);
     if (message.contains(QLatin1String("syntax error")) || message == QLatin1String("incomplete input")
         || message.startsWith(QLatin1String("unrecognized token")))
         return engineError(3075, {message}, sql);
@@ -138,7 +135,7 @@ DbError sqliteError(Connection& connection, int rc, const QString& sql, const QS
         message = QString::fromUtf8(sqlite3_errmsg(connection.db));
     switch (rc & 0xff) {
     case SQLITE_CONSTRAINT: return constraintError(connection, rc, message, sql);
-    case SQLITE_ERROR: return plainError(rc, message, sql);
+    case SQLITE_ERROR: return plainError(connection, rc, message, sql);
     case SQLITE_NOTADB: return engineError(3343, {connection.path}, sql);
     case SQLITE_CORRUPT: return engineError(3049, {connection.path}, sql);
     case SQLITE_FULL: return engineError(3026, {}, sql);

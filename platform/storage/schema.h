@@ -15,6 +15,9 @@ struct Connection;
 QString resolveTable(Connection& connection, const QString& name);
 QStringList tableNames(Connection& connection);
 std::optional<TableDef> readTableDef(Connection& connection, const QString& name);
+// Whether the file has an index of that name, or the table a column of that name (either spelling).
+bool hasIndex(Connection& connection, const QString& name);
+bool hasColumn(Connection& connection, const QString& table, const QString& field);
 
 // Tables in SQLite for the engine's definitions: declared types a person can
 // read, NOCASE on text, rules on text in named CHECK constraints, required

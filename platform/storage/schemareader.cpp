@@ -141,6 +141,21 @@ QString resolveTable(Connection& connection, const QString& name)
     return found;
 }
 
+bool hasIndex(Connection& connection, const QString& name)
+{
+    Statement statement(connection, QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'index' AND name = ?1 COLLATE NOCASE"));
+    statement.bind(1, name);
+    return statement.step();
+}
+
+bool hasColumn(Connection& connection, const QString& table, const QString& field)
+{
+    Statement statement(connection, QStringLiteral("SELECT 1 FROM pragma_table_info(?1) WHERE name = ?2 COLLATE NOCASE"));
+    statement.bind(1, table);
+    statement.bind(2, field);
+    return statement.step();
+}
+
 QStringList tableNames(Connection& connection)
 {
     Statement statement(connection, QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' "

@@ -81,10 +81,13 @@ QString createTableSql(const TableDef& def, const IndexDef* primary)
     return QStringLiteral("CREATE TABLE %1 (\n  %2\n)").arg(quoted(def.name), parts.join(QLatin1String(",\n  ")));
 }
 
+// Index names are the file's, not the table's: each carries its table's name.
+QString indexName(const QString& table, const IndexDef& index) { return table + QLatin1Char('_') + index.name; }
+
 QString createIndexSql(const QString& table, const IndexDef& index)
 {
     return QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
-        .arg(index.unique ? QStringLiteral("UNIQUE ") : QString(), quoted(table + QLatin1Char('_') + index.name),
+        .arg(index.unique ? QStringLiteral("UNIQUE ") : QString(), quoted(indexName(table, index)),
              quoted(table), quotedList(index.fields));
 }
 
@@ -126,10 +129,14 @@ void createTable(Connection& connection, const TableDef& def)
     connection.requireOpen();
     if (def.fields.isEmpty())
         throw engineError(3264);
+    if (!resolveTable(connection, def.name).isEmpty())
+        throw engineError(3010, {def.name});
     const IndexDef* primary = nullptr;
     for (const IndexDef& index : def.indexes) {
         if (index.primary && !primary)
             primary = &index;
+        else if (hasIndex(connection, indexName(def.name, index)))
+            throw engineError(3375, {def.name, index.name});
     }
     inSavepoint(connection, [&] {
         run(connection, createTableSql(def, primary));
@@ -151,6 +158,8 @@ void appendField(Connection& connection, const QString& table, const FieldDef& f
     const QString actual = resolveTable(connection, table);
     if (actual.isEmpty())
         throw engineError(3265);
+    if (hasColumn(connection, actual, field.name))
+        throw engineError(3191, {field.name});
     inSavepoint(connection, [&] {
         run(connection, QStringLiteral("ALTER TABLE %1 ADD COLUMN %2").arg(quoted(actual), columnSql(actual, field, false)));
         if (field.required) {

@@ -7,13 +7,6 @@
 namespace hb::storage {
 namespace {
 
-bool indexExists(Connection& connection, const QString& name)
-{
-    Statement statement(connection, QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'index' AND name = ?1"));
-    statement.bind(1, name);
-    return statement.step();
-}
-
 // The column's declared type as the CREATE TABLE text has it, and its collation.
 bool columnOf(Connection& connection, const QString& table, const QString& field, QString* actual, QString* declared,
               QString* collation)
@@ -93,7 +86,7 @@ void addTextLookupIndex(Connection& connection, const QString& tableName, const 
     if (!columnOf(connection, table, field, &column, &declared, &collation))
         throw engineError(3265);
     const QString index = table + QLatin1Char('_') + column + QLatin1String("Lookup");
-    if (indexExists(connection, index))
+    if (hasIndex(connection, index))
         return;
     // Foreign keys are switched only outside a transaction; the rebuild checks them itself.
     run(connection, QStringLiteral("PRAGMA foreign_keys = OFF"));

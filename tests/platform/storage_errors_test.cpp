@@ -58,6 +58,23 @@ TEST_F(StorageErrors, MissingTableIs3078WithItsName)
     }
     EXPECT_EQ(errorOf([&] { db.openRecordset("Roofs"); }), 3078);
     EXPECT_EQ(errorOf([&] { db.execute("delete from Roofs"); }), 3078);
+    // The missing table is found in the file, whichever clause names it and however it is spelled.
+    for (const auto& [sql, table] : {std::pair{"select * from Roof r, [Persons] p where r.RoofNumber = p.RoofNumber", "Persons"},
+                                     {"select * from Roof as r inner join People on People.x = r.RoofNumber", "People"},
+                                     {"insert into Roofs (RoofName) values ('x')", "Roofs"},
+                                     {"update \"Roof Types\" set Description = 'x'", "Roof Types"},
+                                     {"select * from (select * from Roof) r where r.RoofNumber in (select x from Gone)", "Gone"}}) {
+        try {
+            if (QLatin1String(sql).startsWith(QLatin1String("select")))
+                db.openRecordset(sql);
+            else
+                db.execute(sql);
+            ADD_FAILURE() << sql;
+        } catch (const DbError& e) {
+            EXPECT_EQ(e.number(), 3078) << sql;
+            EXPECT_TRUE(e.description().contains(QStringLiteral("'%1'").arg(QLatin1String(table)))) << sql;
+        }
+    }
 }
 
 TEST_F(StorageErrors, SyntaxErrorCarriesSqlitesMessage)

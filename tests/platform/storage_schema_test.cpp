@@ -210,6 +210,10 @@ TEST_F(StorageSchema, CreatingAnExistingTableFailsAndLeavesItWhole)
     addRoof(1, "Anders");
     EXPECT_EQ(errorOf([&] { db.createTable(roofTable()); }), 3010);
     EXPECT_EQ(errorOf([&] { db.createTable({"Empty", {}, {}, {}}); }), 3264);
+    // Index names carry their table's: "A" with index "B_C" and "A_B" with index "C" both want "A_B_C".
+    db.createTable({"A", {field("X", FieldType::Long)}, {{"B_C", {"X"}, false, false}}, {}});
+    EXPECT_EQ(errorOf([&] { db.createTable({"A_B", {field("X", FieldType::Long)}, {{"C", {"X"}, false, false}}, {}}); }), 3375);
+    EXPECT_FALSE(db.tableDef("A_B").has_value());
     EXPECT_EQ(count("Roof"), 1);
 }
 
