@@ -92,6 +92,10 @@ void FrmAddressBook::setNotesLook(QPlainTextEdit* box, bool editing, const QColo
     p.setColor(QPalette::Text, editing ? QColor(Qt::black) : fore);
     p.setColor(QPalette::Base, editing ? QColor(Qt::white) : back);
     box->setPalette(p);
+    // The edge is filled rather than stroked: the style's frame loses sides at fractional scales (150 %).
+    // A style sheet's colours stand above the palette's, so they are given here too.
+    box->setStyleSheet(QStringLiteral("QPlainTextEdit { border: 1px solid #5a5a5a; color: %1; background-color: %2; }")
+                           .arg(p.color(QPalette::Text).name(), p.color(QPalette::Base).name()));
     // Browsing leaves the notes scrollable but out of the tab order.
     box->setFocusPolicy(editing ? Qt::StrongFocus : Qt::ClickFocus);
 }

@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QMap>
+#include <QImage>
 #include <QPalette>
+#include <QPlainTextEdit>
 #include <QStyle>
 
 using namespace hb;
@@ -67,6 +69,33 @@ TEST_F(DarkPaletteTest, LabelsOnTheWindowsOwnGroundsStayReadableUnderALightAndAD
         EXPECT_NEAR(dark[it.key()], it.value(), 1e-9) << "the scheme does not change text on a fixed ground";
     }
     EXPECT_GE(dark.value(QStringLiteral("lblIndividuals")), 4.5);
+}
+
+// The notes boxes keep all four edges on a screen scaled by a fraction (150 %), where the style's own
+// frame lost three of them.
+TEST_F(DarkPaletteTest, NotesBoxesKeepTheirFourEdgesAtOneAndAHalfTimesTheSize)
+{
+    FrmAddressBook& w = open();
+    for (const char* name : {"txtNotes", "txtIndNotes"}) {
+        SCOPED_TRACE(name);
+        auto* box = control<QPlainTextEdit>(w, QString::fromLatin1(name));
+        ASSERT_NE(box, nullptr);
+        QImage picture(box->size() * 3 / 2, QImage::Format_ARGB32);
+        picture.setDevicePixelRatio(1.5);
+        picture.fill(Qt::transparent);
+        box->render(&picture);
+        const QColor inside = picture.pixelColor(picture.width() / 3, picture.height() / 2);
+        // An edge is one logical pixel: one or two pixels of the picture, the outermost or the one inside it.
+        const auto edgeContrast = [&](QPoint outer, QPoint step) {
+            return std::max(ui::contrastRatio(picture.pixelColor(outer), inside),
+                            ui::contrastRatio(picture.pixelColor(outer + step), inside));
+        };
+        const int right = picture.width() - 1, bottom = picture.height() - 1;
+        EXPECT_GT(edgeContrast({picture.width() / 3, 0}, {0, 1}), 1.5) << "top";
+        EXPECT_GT(edgeContrast({0, picture.height() / 2}, {1, 0}), 1.5) << "left";
+        EXPECT_GT(edgeContrast({picture.width() / 3, bottom}, {0, -1}), 1.5) << "bottom";
+        EXPECT_GT(edgeContrast({right, picture.height() / 2}, {-1, 0}), 1.5) << "right";
+    }
 }
 
 TEST(Contrast, RatiosAreTheGuidelinesOnes)
