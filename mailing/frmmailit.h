@@ -59,6 +59,8 @@ private:
     void connectControls();
     void fillPageTop();
     void usePieceName();
+    void loadFrameFont();
+    void comeBackOnTop();
     void logCatalogueProblems();
     void setWaitPointer(bool on);
 

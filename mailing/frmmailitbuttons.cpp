@@ -117,6 +117,12 @@ void FrmMailIt::ezLabel1_Change(int what)
 {
     if (what != 10 && what != 11)
         return;
+    // RefreshEZLabel below sets the return address and the stamp from their options: on an envelope the
+    // layout dialog's choice must reach the options first, or it is undone before Layout reads it back.
+    if (what == 11 && IsEnvelopeStyle(ezLabel1->piecename())) {
+        SetNOption(6, ezLabel1->item(ReturnAddressItem).visible ? 1 : 0);
+        SetNOption(7, ezLabel1->item(StampItem).visible ? 1 : 0);
+    }
     PieceName = ezLabel1->piecename();
     SaveFont(1, ezLabel1->item(ReturnAddressItem).font);
     SaveFont(2, ezLabel1->item(AddressItem).font);

@@ -56,7 +56,7 @@ double fit(const QStringList& lines, const QFont& font, double width, double hei
 
 void paintText(QPainter& painter, const QRectF& box, const QString& text, const QFont& font, bool centred)
 {
-    QStringList lines = text.split(QLatin1Char('\r'));
+    QStringList lines = textLines(text);
     while (!lines.isEmpty() && lines.last().trimmed().isEmpty())
         lines.removeLast();
     if (lines.isEmpty() || box.width() <= 0 || box.height() <= 0)
@@ -122,6 +122,23 @@ void paintPiece(QPainter& painter, const PageContent& c, const QRectF& piece, co
 }
 
 } // namespace
+
+QStringList textLines(const QString& text)
+{
+    QStringList lines;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c != QLatin1Char('\r') && c != QLatin1Char('\n'))
+            continue;
+        lines << text.mid(start, i - start);
+        if (c == QLatin1Char('\r') && i + 1 < text.size() && text.at(i + 1) == QLatin1Char('\n'))
+            ++i;
+        start = i + 1;
+    }
+    lines << text.mid(start);
+    return lines;
+}
 
 double fittedPointSize(const QStringList& lines, const QFont& font, double width, double height)
 {

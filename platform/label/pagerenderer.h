@@ -12,6 +12,9 @@ class QPainter;
 
 namespace hb::label {
 
+// The lines of a text: CR, LF and CR LF each end a line, whichever a user typed or a file brought in.
+QStringList textLines(const QString& text);
+
 // Text below this size is hard to read on a label; text that does not fit at it is clipped instead.
 constexpr double MinimumTextPoints = 6.0;
 
