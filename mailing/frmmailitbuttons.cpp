@@ -136,7 +136,9 @@ void FrmMailIt::PrintItNow()
     setWaitPointer(true);
     QCoreApplication::processEvents();
     ezLabel1->printerName = Printer().printerName();
-    ezLabel1->printPieces();
+    // The next print dialog of the session offers the printer chosen in this one.
+    if (ezLabel1->printPieces() && !ezLabel1->printerName.isEmpty())
+        Printer().setPrinterName(ezLabel1->printerName);
     setWaitPointer(false);
 }
 

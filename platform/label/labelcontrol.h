@@ -46,7 +46,7 @@ public:
     void setRedraw(bool on);
     bool loading = false;
     int sheetMode = 0;
-    QString printerName;
+    QString printerName;                // offered by the printer dialog; the one chosen there afterwards
 
     PieceItems& items() { return items_; }
     TextItem& item(int number) { return items_.item(number); }

@@ -52,9 +52,15 @@ bool LabelControl::printPieces()
     QPrinter printer(QPrinter::HighResolution);
     if (!printerName.isEmpty())
         printer.setPrinterName(printerName);
+    // The job is named after the piece in the printer's queue.
+    printer.setDocName(piecename());
     applySheetTo(printer);
     if (!ui::windows().choosePrinter(printer, pageCount()))
         return false;
+    if (printer.outputFormat() == QPrinter::NativeFormat)
+        printerName = printer.printerName();
+    // The dialog puts the default paper of the printer chosen in; a piece prints on its own paper.
+    applySheetTo(printer);
     printPiecesOn(printer);
     return true;
 }

@@ -92,6 +92,8 @@ TEST_F(MailItReturnTest, ChooseFieldsKeepsTheMaximisedPreviewAndItsWindowsOpenCe
     auto* sub = qobject_cast<QMdiSubWindow*>(w->outerWindow());
     ASSERT_NE(sub, nullptr);
     sub->showMaximized();
+    QCoreApplication::processEvents();
+    const QRect whole = sub->geometry();
     const struct { const char* button; const char* window; const char* close; } opened[] = {
         {"CommandCustomize", "FormCustomizeReport", "CommandOk"}, {"CommandRetAddr", "FormRetAddr", "CommandCancel"}};
     for (const auto& o : opened) {
@@ -106,6 +108,7 @@ TEST_F(MailItReturnTest, ChooseFieldsKeepsTheMaximisedPreviewAndItsWindowsOpenCe
         EXPECT_EQ(at, centre) << o.window;
         EXPECT_NE(centre, QPoint(0, 0)) << o.window;
         EXPECT_TRUE(sub->isMaximized()) << "after " << o.button;
+        EXPECT_EQ(sub->geometry(), whole) << "after " << o.button;
     }
     QPoint at, centre;
     dialogs().onModal([&](QWidget& d) {

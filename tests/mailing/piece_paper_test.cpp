@@ -1,0 +1,228 @@
+// What comes out of the printer: each piece on its own paper, every typed line of text on its own line;
+// read back from the PDF (MediaBox, pdftotext -bbox) and through the CUPS PDF queue.
+
+#include "labels_fixture.h"
+
+#include "../reports/printcapture.h"
+
+#include "core/options.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QPlainTextEdit>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+using namespace hb;
+
+namespace {
+
+// The MediaBox of every page, as "w x h" in whole points.
+QStringList mediaBoxes(const QString& pdf)
+{
+    QFile file(pdf);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    static const QRegularExpression box(QStringLiteral("/MediaBox\\s*\\[\\s*([-\\d.]+)\\s+([-\\d.]+)\\s+([-\\d.]+)\\s+([-\\d.]+)\\s*\\]"));
+    QStringList result;
+    for (auto m = box.globalMatch(QString::fromLatin1(file.readAll())); m.hasNext();) {
+        const auto hit = m.next();
+        result << QStringLiteral("%1 x %2").arg(qRound(hit.captured(3).toDouble() - hit.captured(1).toDouble()))
+                      .arg(qRound(hit.captured(4).toDouble() - hit.captured(2).toDouble()));
+    }
+    return result;
+}
+
+struct Word {
+    QString text;
+    double x, y;
+};
+
+// The words of the first page with their top left, from pdftotext -bbox.
+QVector<Word> words(const QString& pdf)
+{
+    QProcess p;
+    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), QStringLiteral("-f"), QStringLiteral("1"),
+                                          QStringLiteral("-l"), QStringLiteral("1"), pdf, QStringLiteral("-")});
+    p.waitForFinished(60000);
+    static const QRegularExpression word(QStringLiteral("<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\"[^>]*>([^<]*)</word>"));
+    QVector<Word> result;
+    for (auto m = word.globalMatch(QString::fromUtf8(p.readAllStandardOutput())); m.hasNext();) {
+        const auto hit = m.next();
+        result.append({hit.captured(3), hit.captured(1).toDouble(), hit.captured(2).toDouble()});
+    }
+    return result;
+}
+
+// The top of the first word that reads so; NaN when there is none.
+double topOf(const QVector<Word>& all, const QString& text)
+{
+    for (const Word& w : all)
+        if (w.text == text)
+            return w.y;
+    return std::nan("");
+}
+
+} // namespace
+
+class PiecePaperTest : public LabelsFixture {
+protected:
+    // The labels of the first type in the preview on a piece, printed through File > Print to a PDF file.
+    QString printToPdf(const QString& piece, const QString& name = QStringLiteral("pieces.pdf"))
+    {
+        FrmMailIt* w = preview(piece);
+        EXPECT_NE(w, nullptr);
+        const QString pdf = dir.filePath(name);
+        PrintCapture capture;
+        capture.toPdf(pdf);
+        answerWithDefaultPaper();
+        EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
+        return pdf;
+    }
+    FrmMailIt* preview(const QString& piece)
+    {
+        if (!forms::loaded<FrmLabels>()) {
+            PieceName = piece;
+            FrmLabels* labels = labelsWithFirstType();
+            EXPECT_NE(labels, nullptr);
+            click(*labels, QStringLiteral("cmdPrint"));
+        }
+        return forms::loaded<FrmMailIt>();
+    }
+    // The print dialog accepted as it comes: it has put the paper of the printer (A4 here) in the place
+    // of the piece's own, keeping the orientation.
+    void answerWithDefaultPaper()
+    {
+        dialogs().scriptPrinter([](QPrinter& printer) {
+            printer.setPageSize(QPageSize(QPageSize::A4));
+            return true;
+        });
+    }
+    QTemporaryDir dir;
+};
+
+TEST_F(PiecePaperTest, EnvelopesAndCardsPrintToPdfOnPaperOfTheirOwnSize)
+{
+    addListings();
+    const struct { QString piece, box; } cases[] = {
+        {QStringLiteral("#10 - Envelope 4 1/8 x 9 1/2"), QStringLiteral("684 x 297")},
+        {QStringLiteral("4 x 6 - Post Card"), QStringLiteral("432 x 288")},
+        {QStringLiteral("4 1/4 x 5 1/2 - Note Card, folded"), QStringLiteral("612 x 396")},
+        {QStringLiteral("4 1/4 x 5 1/2 - Note Card, flat"), QStringLiteral("306 x 396")}};
+    for (const auto& c : cases) {
+        const QString pdf = printToPdf(c.piece, c.box + QStringLiteral(".pdf"));
+        EXPECT_EQ(mediaBoxes(pdf), QStringList(3, c.box)) << c.piece.toStdString();
+        EXPECT_EQ(words(pdf).value(0).text, QStringLiteral("Ann")) << c.piece.toStdString();
+        click(*forms::loaded<FrmMailIt>(), QStringLiteral("CommandClose"));
+    }
+}
+
+TEST_F(PiecePaperTest, AReturnAddressTypedWithEnterPrintsAsThreeLines)
+{
+    addListings();
+    SetNOption(6, 1);
+    FrmMailIt* w = preview(QStringLiteral("#10 - Envelope 4 1/8 x 9 1/2"));
+    ASSERT_NE(w, nullptr);
+    dialogs().onModal([](QWidget& d) {
+        auto* text = control<QPlainTextEdit>(d, QStringLiteral("Text1"));
+        text->setFocus();
+        text->selectAll();
+        QTest::keyClicks(text, QStringLiteral("Jane Doe"));
+        QTest::keyClick(text, Qt::Key_Return);
+        QTest::keyClicks(text, QStringLiteral("1 Test Lane"));
+        QTest::keyClick(text, Qt::Key_Return);
+        QTest::keyClicks(text, QStringLiteral("Springfield, IL 62701"));
+        click(d, QStringLiteral("CommandOk"));
+    });
+    click(*w, QStringLiteral("CommandRetAddr"));
+    ASSERT_EQ(GetMemoOption(1), QStringLiteral("Jane Doe\n1 Test Lane\nSpringfield, IL 62701")) << "stored as typed";
+    const QVector<Word> all = words(printToPdf(QString()));
+    const double jane = topOf(all, QStringLiteral("Jane")), lane = topOf(all, QStringLiteral("Lane")),
+                 springfield = topOf(all, QStringLiteral("Springfield,"));
+    EXPECT_LT(jane, lane);
+    EXPECT_LT(lane, springfield);
+    EXPECT_NEAR(lane - jane, springfield - lane, 0.5) << "three lines, one under the other";
+    EXPECT_TRUE(std::isnan(topOf(all, QStringLiteral("Doe1")))) << "no two lines run together";
+}
+
+TEST_F(PiecePaperTest, NotesWithLineFeedsPrintOnLinesOfTheirOwnOnLabels)
+{
+    addListing({1, QStringLiteral("Ann Able"), QStringLiteral("Able"), 0,
+                {{QStringLiteral("Notes"), QStringLiteral("Gate code 12\nRing twice\r\nBack door")}}});
+    for (int i = 313; i <= 326; ++i)
+        SetNOption(i, i == 313 || i == 320 ? 1 : 0);
+    const QVector<Word> all = words(printToPdf(QStringLiteral("5160 - Address")));
+    const double tops[] = {topOf(all, QStringLiteral("Ann")), topOf(all, QStringLiteral("Gate")),
+                           topOf(all, QStringLiteral("Ring")), topOf(all, QStringLiteral("Back"))};
+    for (int i = 1; i < 4; ++i)
+        EXPECT_GT(tops[i], tops[i - 1] + 3) << "line " << i;
+}
+
+namespace {
+
+const QString Queue = QStringLiteral("PDF");
+
+// Empty when the scheduler and the PDF queue are up; the reason otherwise.
+QString startCups()
+{
+    QProcess process;
+    process.start(QStringLiteral("bash"), {QStringLiteral(HB_SOURCE_DIR "/scripts/start-cups.sh"), Queue});
+    if (!process.waitForFinished(60000))
+        return QStringLiteral("start-cups.sh did not finish");
+    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+        return QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
+    return {};
+}
+
+// The file that cups-pdf writes for a job named title, once it is complete; empty after 30 seconds.
+// The back end makes the name from the title: other characters than letters, digits and "-" become "_", leading
+// ones are dropped, and it may add words of its own.
+QString cupsPdfOutput(const QString& title, const QDateTime& since)
+{
+    QString name = title;
+    name.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9-]")), QStringLiteral("_"));
+    while (name.startsWith(QLatin1Char('_')))
+        name.remove(0, 1);
+    const QDir out(QDir::home().filePath(QStringLiteral("PDF")));
+    for (int i = 0; i < 300; ++i) {
+        for (const QFileInfo& file : out.entryInfoList({name + QStringLiteral("*.pdf")}, QDir::Files)) {
+            if (file.lastModified() >= since && file.size() > 0) {
+                QThread::msleep(300);   // let the back end close it
+                return file.filePath();
+            }
+        }
+        QThread::msleep(100);
+    }
+    return {};
+}
+
+} // namespace
+
+TEST_F(PiecePaperTest, AnEnvelopeAndAPostCardReachThePrinterOnTheirOwnPaperFedShortEdgeFirst)
+{
+    const QString reason = startCups();
+    if (!reason.isEmpty())
+        GTEST_SKIP() << "CUPS cannot start here: " << reason.toStdString();
+    if (!QPrinterInfo::availablePrinterNames().contains(Queue))
+        GTEST_SKIP() << "the queue " << Queue.toStdString() << " is not offered to Qt";
+    addListings();
+    const struct { QString piece, box; } cases[] = {
+        {QStringLiteral("#10 - Envelope 4 1/8 x 9 1/2"), QStringLiteral("297 x 684")},
+        {QStringLiteral("4 x 6 - Post Card"), QStringLiteral("288 x 432")}};
+    for (const auto& c : cases) {
+        FrmMailIt* w = preview(c.piece);
+        ASSERT_NE(w, nullptr);
+        const QDateTime since = QDateTime::currentDateTime().addSecs(-1);
+        PrintCapture capture;
+        capture.toQueue(Queue);
+        answerWithDefaultPaper();
+        EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
+        const QString pdf = cupsPdfOutput(c.piece, since);
+        ASSERT_FALSE(pdf.isEmpty()) << "no output of " << c.piece.toStdString();
+        EXPECT_EQ(mediaBoxes(pdf), QStringList(3, c.box)) << c.piece.toStdString();
+        QFile::remove(pdf);
+        click(*w, QStringLiteral("CommandClose"));
+    }
+}
