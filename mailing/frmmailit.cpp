@@ -7,6 +7,7 @@
 #include "core/options.h"
 #include "core/session.h"
 #include "mailing/piecetext.h"
+#include "mailing/startpositions.h"
 #include "platform/label/catalogue.h"
 #include "platform/label/labelcontrol.h"
 
@@ -44,6 +45,7 @@ void FrmMailIt::formLoad()
     DebugLog(QStringLiteral("First call to ezlabel1 - Piecename"));
     logCatalogueProblems();
     usePieceName();
+    useStoredStart();
     ezLabel1->items().readLayoutText(GetMemoOption(PieceLayoutMemo));
     CommandRetAddr->setVisible(IsEnvelopeStyle(ezLabel1->piecename()));
     fillPageTop();
@@ -96,6 +98,18 @@ void FrmMailIt::usePieceName()
         return;
     }
     ezLabel1->setPiecename(wanted);
+}
+
+// A sheet starts where the last run on it ended.
+void FrmMailIt::useStoredStart()
+{
+    ezLabel1->setStartPosition(storedStartPosition(ezLabel1->piecename()));
+    showStart();
+}
+
+void FrmMailIt::showStart()
+{
+    CommandStartAt->setText(QStringLiteral("Start at Label %1").arg(ezLabel1->startPosition()));
 }
 
 void FrmMailIt::fillPageTop()

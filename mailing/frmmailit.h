@@ -2,6 +2,7 @@
 
 #include "core/forms.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QPushButton;
@@ -53,6 +54,8 @@ public:
     void cmdClose_Click();
     void CommandClose_Click();
     void ezLabel1_Change(int what);
+    void CommandStartAt_Click();
+    void chkOutlines_Click();
 
 private:
     void buildControls();
@@ -61,6 +64,8 @@ private:
     void usePieceName();
     void loadFrameFont();
     void comeBackOnTop();
+    void useStoredStart();
+    void showStart();
     void logCatalogueProblems();
     void setWaitPointer(bool on);
 
@@ -69,8 +74,9 @@ private:
     QLabel* LabelPagenofn;
     QPushButton *CommandFirstPage, *CommandPreviousPage, *CommandNextPage, *CommandLastPage, *CommandZoomIn,
         *CommandZoomOut, *CommandPiece, *CommandLayout, *CommandRetAddr, *CommandCustomize, *CommandSelect,
-        *CommandClose, *cmdBack, *cmdSelect, *cmdClose;
+        *CommandClose, *cmdBack, *cmdSelect, *cmdClose, *CommandStartAt;
     QComboBox* cmbPageTop;
+    QCheckBox* chkOutlines;
 };
 
 } // namespace hb

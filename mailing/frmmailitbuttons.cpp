@@ -4,6 +4,7 @@
 #include "mailing/frmlabels.h"
 #include "mailing/frmmailit.h"
 #include "mailing/piecetext.h"
+#include "mailing/startpositions.h"
 
 #include "core/frame.h"
 #include "core/helpers.h"
@@ -123,6 +124,8 @@ void FrmMailIt::ezLabel1_Change(int what)
         SetNOption(6, ezLabel1->item(ReturnAddressItem).visible ? 1 : 0);
         SetNOption(7, ezLabel1->item(StampItem).visible ? 1 : 0);
     }
+    if (what == 10)
+        useStoredStart();
     PieceName = ezLabel1->piecename();
     SaveFont(1, ezLabel1->item(ReturnAddressItem).font);
     SaveFont(2, ezLabel1->item(AddressItem).font);
@@ -137,10 +140,26 @@ void FrmMailIt::PrintItNow()
     QCoreApplication::processEvents();
     ezLabel1->printerName = Printer().printerName();
     // The next print dialog of the session offers the printer chosen in this one.
-    if (ezLabel1->printPieces() && !ezLabel1->printerName.isEmpty())
-        Printer().setPrinterName(ezLabel1->printerName);
+    if (ezLabel1->printPieces()) {
+        if (!ezLabel1->printerName.isEmpty())
+            Printer().setPrinterName(ezLabel1->printerName);
+        // The next run on this sheet starts after the last label this one used.
+        storeStartPosition(ezLabel1->piecename(), ezLabel1->nextStartPosition());
+        useStoredStart();
+        UpdatePageDisplay();
+    }
     setWaitPointer(false);
 }
+
+void FrmMailIt::CommandStartAt_Click()
+{
+    if (!ezLabel1->showStartDialog())
+        return;
+    showStart();
+    UpdatePageDisplay();
+}
+
+void FrmMailIt::chkOutlines_Click() { ezLabel1->printOutlines = chkOutlines->isChecked(); }
 
 void FrmMailIt::PageSetup()
 {

@@ -39,6 +39,15 @@ public:
     int pageOfPiece(int piece) const;
     int pageCount() const;
 
+    // The position on the first sheet where the first piece goes, 1 for a new sheet; a sheet partly used
+    // starts further on. A new piece starts at 1 again.
+    int startPosition() const { return skipped_ + 1; }
+    void setStartPosition(int position);
+    // The position after the last piece, where the next run on this sheet can start.
+    int nextStartPosition() const;
+    // The dialog that picks the start position on a drawing of the sheet; true on OK.
+    bool showStartDialog();
+
     int zoom() const { return zoom_; }
     void setZoom(int percent);
     float pageTop = 0;                  // inches; positive moves the printed page up
@@ -46,6 +55,7 @@ public:
     void setRedraw(bool on);
     bool loading = false;
     int sheetMode = 0;
+    bool printOutlines = false;         // the edges of the pieces on paper too, to test a sheet on plain paper
     QString printerName;                // offered by the printer dialog; the one chosen there afterwards
 
     PieceItems& items() { return items_; }
@@ -70,6 +80,7 @@ protected:
 
 private:
     void updateSize();
+    void moveToPage(int page);
     double scale() const;   // screen pixels per point
 
     const SheetCatalogue* catalogue_;
@@ -77,6 +88,7 @@ private:
     QStringList pieces_;
     PieceItems items_;
     int currentPiece_ = 1;
+    int skipped_ = 0;
     int zoom_ = 100;
     bool redraw_ = true;
 };

@@ -34,6 +34,8 @@ void LabelControl::printPiecesOn(QPrinter& printer)
     content.pieces = &pieces_;
     content.items = &items_;
     content.pageTop = pageTop * 72.0;
+    content.skipped = skipped_;
+    content.outlines = printOutlines;
     const QList<int> pages = printing::chosenPages(printer, pageCount());
     for (int page : pages) {
         if (page != pages.first())

@@ -151,14 +151,14 @@ void paintPage(QPainter& painter, const PageContent& c)
     if (!c.sheet || !c.pieces || !c.items)
         return;
     const int perSheet = piecesPerSheet(*c.sheet);
-    const int first = firstPieceOfPage(c.page, perSheet) - 1;
+    const int first = firstPieceOfPage(c.page, perSheet) - 1 - c.skipped;
     painter.save();
     painter.translate(0, -c.pageTop);
     painter.setPen(Qt::black);
     for (int i = 0; i < perSheet; ++i) {
         const int piece = first + i;
         const QRectF r = pieceRect(*c.sheet, i);
-        if (piece < c.pieces->size())
+        if (piece >= 0 && piece < c.pieces->size())
             paintPiece(painter, c, r, c.pieces->at(piece));
         else if (c.outlines)
             paintOutline(painter, *c.sheet, r);

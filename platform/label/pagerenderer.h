@@ -28,7 +28,8 @@ struct PageContent {
     const PieceItems* items = nullptr;
     int page = 1;                          // 1-based
     double pageTop = 0;                    // points: positive moves everything up
-    bool outlines = false;                 // the edges of the pieces, for the screen only
+    bool outlines = false;                 // the edges of the pieces: on the screen, or on plain paper for a test
+    int skipped = 0;                       // positions of the first sheet already used
 };
 
 void paintPage(QPainter& painter, const PageContent& content);

@@ -2,6 +2,7 @@
 // read back from the PDF (MediaBox, pdftotext -bbox) and through the CUPS PDF queue.
 
 #include "labels_fixture.h"
+#include "piece_pdf.h"
 
 #include "../reports/printcapture.h"
 
@@ -19,50 +20,11 @@ using namespace hb;
 
 namespace {
 
-// The MediaBox of every page, as "w x h" in whole points.
-QStringList mediaBoxes(const QString& pdf)
-{
-    QFile file(pdf);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    static const QRegularExpression box(QStringLiteral("/MediaBox\\s*\\[\\s*([-\\d.]+)\\s+([-\\d.]+)\\s+([-\\d.]+)\\s+([-\\d.]+)\\s*\\]"));
-    QStringList result;
-    for (auto m = box.globalMatch(QString::fromLatin1(file.readAll())); m.hasNext();) {
-        const auto hit = m.next();
-        result << QStringLiteral("%1 x %2").arg(qRound(hit.captured(3).toDouble() - hit.captured(1).toDouble()))
-                      .arg(qRound(hit.captured(4).toDouble() - hit.captured(2).toDouble()));
-    }
-    return result;
-}
-
-struct Word {
-    QString text;
-    double x, y;
-};
-
-// The words of the first page with their top left, from pdftotext -bbox.
-QVector<Word> words(const QString& pdf)
-{
-    QProcess p;
-    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), QStringLiteral("-f"), QStringLiteral("1"),
-                                          QStringLiteral("-l"), QStringLiteral("1"), pdf, QStringLiteral("-")});
-    p.waitForFinished(60000);
-    static const QRegularExpression word(QStringLiteral("<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\"[^>]*>([^<]*)</word>"));
-    QVector<Word> result;
-    for (auto m = word.globalMatch(QString::fromUtf8(p.readAllStandardOutput())); m.hasNext();) {
-        const auto hit = m.next();
-        result.append({hit.captured(3), hit.captured(1).toDouble(), hit.captured(2).toDouble()});
-    }
-    return result;
-}
-
 // The top of the first word that reads so; NaN when there is none.
-double topOf(const QVector<Word>& all, const QString& text)
+double topOf(const QVector<PdfWord>& all, const QString& text)
 {
-    for (const Word& w : all)
-        if (w.text == text)
-            return w.y;
-    return std::nan("");
+    const PdfWord* w = pdfWord(all, text);
+    return w ? w->y : std::nan("");
 }
 
 } // namespace
@@ -113,8 +75,8 @@ TEST_F(PiecePaperTest, EnvelopesAndCardsPrintToPdfOnPaperOfTheirOwnSize)
         {QStringLiteral("4 1/4 x 5 1/2 - Note Card, flat"), QStringLiteral("306 x 396")}};
     for (const auto& c : cases) {
         const QString pdf = printToPdf(c.piece, c.box + QStringLiteral(".pdf"));
-        EXPECT_EQ(mediaBoxes(pdf), QStringList(3, c.box)) << c.piece.toStdString();
-        EXPECT_EQ(words(pdf).value(0).text, QStringLiteral("Ann")) << c.piece.toStdString();
+        EXPECT_EQ(pdfMediaBoxes(pdf), QStringList(3, c.box)) << c.piece.toStdString();
+        EXPECT_EQ(pdfWords(pdf).value(0).text, QStringLiteral("Ann")) << c.piece.toStdString();
         click(*forms::loaded<FrmMailIt>(), QStringLiteral("CommandClose"));
     }
 }
@@ -138,7 +100,7 @@ TEST_F(PiecePaperTest, AReturnAddressTypedWithEnterPrintsAsThreeLines)
     });
     click(*w, QStringLiteral("CommandRetAddr"));
     ASSERT_EQ(GetMemoOption(1), QStringLiteral("Jane Doe\n1 Test Lane\nSpringfield, IL 62701")) << "stored as typed";
-    const QVector<Word> all = words(printToPdf(QString()));
+    const QVector<PdfWord> all = pdfWords(printToPdf(QString()));
     const double jane = topOf(all, QStringLiteral("Jane")), lane = topOf(all, QStringLiteral("Lane")),
                  springfield = topOf(all, QStringLiteral("Springfield,"));
     EXPECT_LT(jane, lane);
@@ -153,7 +115,7 @@ TEST_F(PiecePaperTest, NotesWithLineFeedsPrintOnLinesOfTheirOwnOnLabels)
                 {{QStringLiteral("Notes"), QStringLiteral("Gate code 12\nRing twice\r\nBack door")}}});
     for (int i = 313; i <= 326; ++i)
         SetNOption(i, i == 313 || i == 320 ? 1 : 0);
-    const QVector<Word> all = words(printToPdf(QStringLiteral("5160 - Address")));
+    const QVector<PdfWord> all = pdfWords(printToPdf(QStringLiteral("5160 - Address")));
     const double tops[] = {topOf(all, QStringLiteral("Ann")), topOf(all, QStringLiteral("Gate")),
                            topOf(all, QStringLiteral("Ring")), topOf(all, QStringLiteral("Back"))};
     for (int i = 1; i < 4; ++i)
@@ -221,7 +183,7 @@ TEST_F(PiecePaperTest, AnEnvelopeAndAPostCardReachThePrinterOnTheirOwnPaperFedSh
         EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
         const QString pdf = cupsPdfOutput(c.piece, since);
         ASSERT_FALSE(pdf.isEmpty()) << "no output of " << c.piece.toStdString();
-        EXPECT_EQ(mediaBoxes(pdf), QStringList(3, c.box)) << c.piece.toStdString();
+        EXPECT_EQ(pdfMediaBoxes(pdf), QStringList(3, c.box)) << c.piece.toStdString();
         QFile::remove(pdf);
         click(*w, QStringLiteral("CommandClose"));
     }
