@@ -6,6 +6,7 @@
 #include "core/misc.h"
 #include "core/options.h"
 #include "core/session.h"
+#include "mailing/calibrations.h"
 #include "mailing/piecetext.h"
 #include "mailing/startpositions.h"
 #include "platform/label/catalogue.h"
@@ -24,6 +25,7 @@ FrmMailIt::FrmMailIt() : Form(staticFormName(), true)
     setWindowTitle(QStringLiteral("Labels Print Preview"));
     buildControls();
     connectControls();
+    ezLabel1->calibrationFor = storedCalibration;
 }
 
 void FrmMailIt::setWaitPointer(bool on)

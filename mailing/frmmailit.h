@@ -55,6 +55,7 @@ public:
     void CommandClose_Click();
     void ezLabel1_Change(int what);
     void CommandStartAt_Click();
+    void CommandCalibrate_Click();
     void chkOutlines_Click();
 
 private:
@@ -74,7 +75,7 @@ private:
     QLabel* LabelPagenofn;
     QPushButton *CommandFirstPage, *CommandPreviousPage, *CommandNextPage, *CommandLastPage, *CommandZoomIn,
         *CommandZoomOut, *CommandPiece, *CommandLayout, *CommandRetAddr, *CommandCustomize, *CommandSelect,
-        *CommandClose, *cmdBack, *cmdSelect, *cmdClose, *CommandStartAt;
+        *CommandClose, *cmdBack, *cmdSelect, *cmdClose, *CommandStartAt, *CommandCalibrate;
     QComboBox* cmbPageTop;
     QCheckBox* chkOutlines;
 };

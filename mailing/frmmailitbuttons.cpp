@@ -1,5 +1,6 @@
 // The buttons of the preview, the control's change event, printing and the printer dialog.
 
+#include "mailing/calibrationdialog.h"
 #include "mailing/formretaddr.h"
 #include "mailing/frmlabels.h"
 #include "mailing/frmmailit.h"
@@ -158,6 +159,8 @@ void FrmMailIt::CommandStartAt_Click()
     showStart();
     UpdatePageDisplay();
 }
+
+void FrmMailIt::CommandCalibrate_Click() { showCalibrationDialog(*ezLabel1); }
 
 void FrmMailIt::chkOutlines_Click() { ezLabel1->printOutlines = chkOutlines->isChecked(); }
 

@@ -53,6 +53,8 @@ void FrmMailIt::buildControls()
     cmbPageTop->setToolTip(QStringLiteral("Print adjustment"));
     cmbPageTop->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     CommandStartAt = button(this, "CommandStartAt", "Start at Label 1", "Where on a partly used sheet to start");
+    CommandCalibrate = button(this, "CommandCalibrate", "Printer Calibration...",
+                              "Where each printer puts the page, measured on an alignment page");
     chkOutlines = new QCheckBox(QStringLiteral("Print Outlines"), this);
     chkOutlines->setObjectName(QStringLiteral("chkOutlines"));
     chkOutlines->setToolTip(QStringLiteral("Print the edges of the labels, to test on plain paper"));
@@ -74,7 +76,8 @@ void FrmMailIt::buildControls()
         pages->addWidget(w);
     pages->addStretch();
     auto* actions = new QHBoxLayout;
-    for (QPushButton* b : {CommandPiece, CommandLayout, CommandRetAddr, CommandCustomize, CommandSelect, CommandClose})
+    for (QPushButton* b : {CommandPiece, CommandLayout, CommandRetAddr, CommandCustomize, CommandCalibrate, CommandSelect,
+                           CommandClose})
         actions->addWidget(b);
     actions->addStretch();
     grid->addLayout(pages, 0, 0);
@@ -103,6 +106,7 @@ void FrmMailIt::connectControls()
     connectHandler(cmdClose, &QPushButton::clicked, this, &FrmMailIt::cmdClose_Click);
     connectHandler(ezLabel1, &label::LabelControl::changed, this, &FrmMailIt::ezLabel1_Change);
     connectHandler(CommandStartAt, &QPushButton::clicked, this, &FrmMailIt::CommandStartAt_Click);
+    connectHandler(CommandCalibrate, &QPushButton::clicked, this, &FrmMailIt::CommandCalibrate_Click);
     connectHandler(chkOutlines, &QCheckBox::clicked, this, &FrmMailIt::chkOutlines_Click);
 }
 

@@ -3,11 +3,14 @@
 // The mail piece control: a list of pieces, each a data text, laid out on a sheet of the catalogue, shown
 // a page at a time with zoom, printed through the printer dialog to any printer or to PDF.
 
+#include "platform/label/calibration.h"
 #include "platform/label/pieceitems.h"
 #include "platform/label/sheet.h"
 
 #include <QStringList>
 #include <QWidget>
+
+#include <functional>
 
 class QPrinter;
 
@@ -64,10 +67,15 @@ public:
     // The dialogs of the control; both go through the window service and raise changed() on OK.
     void showLayoutDialog(bool);
     void showPieceDialog(bool);
-    // The printer dialog, then every page; false when cancelled.
+    // The calibration of a printer by its name, an empty name for a PDF file; none when unset.
+    std::function<Calibration(const QString& printerName)> calibrationFor;
+    // The printer dialog, then every page, calibrated for the printer chosen; false when cancelled.
     bool printPieces();
     // Every page on a printer already set up (PDF or a queue).
-    void printPiecesOn(QPrinter& printer);
+    void printPiecesOn(QPrinter& printer, const Calibration& calibration = {});
+    // One page of the sheet with the outlines of its pieces and cross-hairs at their middles, to measure
+    // how far a printer is off.
+    void printAlignmentPage(QPrinter& printer, const Calibration& calibration) const;
     // Sets paper and orientation of the sheet on a printer: an envelope feeds short edge first.
     void applySheetTo(QPrinter& printer) const;
 

@@ -3,18 +3,16 @@
 
 #include "labels_fixture.h"
 #include "piece_pdf.h"
+#include "cupsqueue.h"
 
 #include "../reports/printcapture.h"
 
 #include "core/options.h"
 
 #include <QDateTime>
-#include <QDir>
 #include <QPlainTextEdit>
-#include <QPrinterInfo>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
 
 using namespace hb;
 
@@ -122,53 +120,11 @@ TEST_F(PiecePaperTest, NotesWithLineFeedsPrintOnLinesOfTheirOwnOnLabels)
         EXPECT_GT(tops[i], tops[i - 1] + 3) << "line " << i;
 }
 
-namespace {
-
-const QString Queue = QStringLiteral("PDF");
-
-// Empty when the scheduler and the PDF queue are up; the reason otherwise.
-QString startCups()
-{
-    QProcess process;
-    process.start(QStringLiteral("bash"), {QStringLiteral(HB_SOURCE_DIR "/scripts/start-cups.sh"), Queue});
-    if (!process.waitForFinished(60000))
-        return QStringLiteral("start-cups.sh did not finish");
-    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
-        return QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
-    return {};
-}
-
-// The file that cups-pdf writes for a job named title, once it is complete; empty after 30 seconds.
-// The back end makes the name from the title: other characters than letters, digits and "-" become "_", leading
-// ones are dropped, and it may add words of its own.
-QString cupsPdfOutput(const QString& title, const QDateTime& since)
-{
-    QString name = title;
-    name.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9-]")), QStringLiteral("_"));
-    while (name.startsWith(QLatin1Char('_')))
-        name.remove(0, 1);
-    const QDir out(QDir::home().filePath(QStringLiteral("PDF")));
-    for (int i = 0; i < 300; ++i) {
-        for (const QFileInfo& file : out.entryInfoList({name + QStringLiteral("*.pdf")}, QDir::Files)) {
-            if (file.lastModified() >= since && file.size() > 0) {
-                QThread::msleep(300);   // let the back end close it
-                return file.filePath();
-            }
-        }
-        QThread::msleep(100);
-    }
-    return {};
-}
-
-} // namespace
-
 TEST_F(PiecePaperTest, AnEnvelopeAndAPostCardReachThePrinterOnTheirOwnPaperFedShortEdgeFirst)
 {
-    const QString reason = startCups();
+    const QString reason = startCupsPdfQueue();
     if (!reason.isEmpty())
-        GTEST_SKIP() << "CUPS cannot start here: " << reason.toStdString();
-    if (!QPrinterInfo::availablePrinterNames().contains(Queue))
-        GTEST_SKIP() << "the queue " << Queue.toStdString() << " is not offered to Qt";
+        GTEST_SKIP() << "CUPS cannot print here: " << reason.toStdString();
     addListings();
     const struct { QString piece, box; } cases[] = {
         {QStringLiteral("#10 - Envelope 4 1/8 x 9 1/2"), QStringLiteral("297 x 684")},
@@ -178,7 +134,7 @@ TEST_F(PiecePaperTest, AnEnvelopeAndAPostCardReachThePrinterOnTheirOwnPaperFedSh
         ASSERT_NE(w, nullptr);
         const QDateTime since = QDateTime::currentDateTime().addSecs(-1);
         PrintCapture capture;
-        capture.toQueue(Queue);
+        capture.toQueue(CupsPdfQueue);
         answerWithDefaultPaper();
         EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
         const QString pdf = cupsPdfOutput(c.piece, since);

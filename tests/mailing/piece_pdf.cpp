@@ -1,6 +1,7 @@
 #include "piece_pdf.h"
 
 #include <QFile>
+#include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
 
@@ -43,4 +44,20 @@ const PdfWord* pdfWord(const QVector<PdfWord>& words, const QString& text)
         if (w.text == text)
             return &w;
     return nullptr;
+}
+
+int pdfDarkestAround(const QString& pdf, const QPointF& points, const QString& png)
+{
+    QProcess p;
+    p.start(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-gray"), QStringLiteral("-r"),
+                                         QStringLiteral("144"), QStringLiteral("-singlefile"), pdf, png});
+    p.waitForFinished(60000);
+    const QImage image(png + QStringLiteral(".png"));
+    int darkest = 255;
+    const QPoint at = (points * 2).toPoint();
+    for (int dx = -2; dx <= 2; ++dx)
+        for (int dy = -2; dy <= 2; ++dy)
+            if (image.valid(at + QPoint(dx, dy)))
+                darkest = std::min(darkest, qGray(image.pixel(at + QPoint(dx, dy))));
+    return darkest;
 }

@@ -2,6 +2,7 @@
 
 // Reading back what the pieces printed to a PDF: the MediaBox of each page, and where each word stands.
 
+#include <QPointF>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -17,3 +18,6 @@ QStringList pdfMediaBoxes(const QString& pdf);
 QVector<PdfWord> pdfWords(const QString& pdf, int page = 1);
 // The first word that reads so; nullptr when there is none.
 const PdfWord* pdfWord(const QVector<PdfWord>& words, const QString& text);
+// The darkest grey (0 black, 255 white) of a square of 5 by 5 pixels around a point of the first page,
+// drawn at 144 dpi into png (a path without ".png").
+int pdfDarkestAround(const QString& pdf, const QPointF& points, const QString& png);

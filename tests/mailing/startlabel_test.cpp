@@ -13,8 +13,6 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QImage>
-#include <QProcess>
 #include <QSpinBox>
 #include <QTemporaryDir>
 
@@ -106,27 +104,6 @@ TEST_F(StartLabelTest, ARunThatFillsPastTheSheetEndsOnTheNextAndPagesCountTheUse
     EXPECT_EQ(caption(*w), QStringLiteral("Start at Label 2"));
 }
 
-namespace {
-
-// The darkest grey of a square of 5 by 5 pixels around a point of the first page, drawn at 144 dpi.
-int darkestAround(const QString& pdf, const QPointF& points, const QString& png)
-{
-    QProcess p;
-    p.start(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-gray"), QStringLiteral("-r"),
-                                         QStringLiteral("144"), QStringLiteral("-singlefile"), pdf, png});
-    p.waitForFinished(60000);
-    const QImage image(png + QStringLiteral(".png"));
-    int darkest = 255;
-    const QPoint at = (points * 2).toPoint();
-    for (int dx = -2; dx <= 2; ++dx)
-        for (int dy = -2; dy <= 2; ++dy)
-            if (image.valid(at + QPoint(dx, dy)))
-                darkest = std::min(darkest, qGray(image.pixel(at + QPoint(dx, dy))));
-    return darkest;
-}
-
-} // namespace
-
 TEST_F(StartLabelTest, PrintOutlinesDrawsTheEdgesOfEveryLabelOnThePaper)
 {
     const label::Sheet* sheet = label::SheetCatalogue::shared().find(QStringLiteral("5160 - Address"));
@@ -136,9 +113,9 @@ TEST_F(StartLabelTest, PrintOutlinesDrawsTheEdgesOfEveryLabelOnThePaper)
     // The left edge of the last label of the sheet, half way down: no text there.
     const QRectF last = label::pieceRect(*sheet, 29);
     const QPointF edge(last.left(), last.center().y());
-    EXPECT_GT(darkestAround(print(QStringLiteral("plain.pdf")), edge, dir.filePath(QStringLiteral("plain"))), 250);
+    EXPECT_GT(pdfDarkestAround(print(QStringLiteral("plain.pdf")), edge, dir.filePath(QStringLiteral("plain"))), 250);
     auto* outlines = control<QCheckBox>(*w, QStringLiteral("chkOutlines"));
     QTest::mouseClick(outlines, Qt::LeftButton, {}, QPoint(6, outlines->height() / 2));
     ASSERT_TRUE(outlines->isChecked());
-    EXPECT_LT(darkestAround(print(QStringLiteral("outlined.pdf")), edge, dir.filePath(QStringLiteral("outlined"))), 230);
+    EXPECT_LT(pdfDarkestAround(print(QStringLiteral("outlined.pdf")), edge, dir.filePath(QStringLiteral("outlined"))), 230);
 }
