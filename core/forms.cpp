@@ -37,7 +37,8 @@ Form::~Form() { registry().removeAll(this); }
 
 void Form::fitWindow()
 {
-    if (subWindow_)
+    // A maximised or minimised window keeps the size the user gave it.
+    if (subWindow_ && !(subWindow_->windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)))
         subWindow_->adjustSize();
 }
 

@@ -6,9 +6,11 @@
 #include "mailing/labelrows.h"
 #include "platform/ui/lineedits.h"
 #include "platform/ui/twips.h"
+#include "platform/ui/windowkeys.h"
 #include "platform/ui/windowservice.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -78,14 +80,19 @@ void FrmEditLabel::cmdOK_Click()
         txtName->setFocus();
         return;
     }
-    // A new city line is no longer the listing's address, so the label leaves the listing.
-    if (LabelCityStateZip.trimmed().toLower() != txtCityStateZip->text().trimmed().toLower())
+    // A new city line is no longer the listing's address, so the label leaves the listing. A line longer
+    // than the box shows only its first characters there; left as shown, it is the same line and stays
+    // whole in the list (it is cut when the labels are written).
+    const QString oldCity = LabelCityStateZip.trimmed();
+    const QString shownCity = oldCity.left(txtCityStateZip->maxLength()).trimmed();
+    const bool cutAndUntouched = oldCity.size() > txtCityStateZip->maxLength() && txtCityStateZip->text().trimmed() == shownCity;
+    if (!cutAndUntouched && oldCity.toLower() != txtCityStateZip->text().trimmed().toLower())
         LabelCode = QStringLiteral("1");
     if (!txtName->text().trimmed().isEmpty()) {
         LabelName = txtName->text();
         LabelAddress1 = txtAddress1->text();
         LabelAddress2 = txtAddress2->text();
-        LabelCityStateZip = txtCityStateZip->text();
+        LabelCityStateZip = cutAndUntouched ? oldCity : txtCityStateZip->text();
     } else {
         LabelName = QStringLiteral("[Blank Label]");
         LabelAddress1.clear();
@@ -110,6 +117,13 @@ bool FrmEditLabel::eventFilter(QObject* watched, QEvent* event)
             ui::selectTextOnEntry(edit);
     }
     return Form::eventFilter(watched, event);
+}
+
+// The window is no dialog of Qt's, so its default button needs Enter handed to it.
+void FrmEditLabel::keyPressEvent(QKeyEvent* event)
+{
+    if (!ui::pressWindowButton(event, cmdOK, cmdCancel))
+        Form::keyPressEvent(event);
 }
 
 } // namespace hb

@@ -6,10 +6,11 @@
 #include "core/misc.h"
 #include "core/options.h"
 #include "core/session.h"
+#include "mailing/calibrations.h"
 #include "mailing/piecetext.h"
+#include "mailing/startpositions.h"
 #include "platform/label/catalogue.h"
 #include "platform/label/labelcontrol.h"
-#include "platform/ui/windowservice.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -24,6 +25,7 @@ FrmMailIt::FrmMailIt() : Form(staticFormName(), true)
     setWindowTitle(QStringLiteral("Labels Print Preview"));
     buildControls();
     connectControls();
+    ezLabel1->calibrationFor = storedCalibration;
 }
 
 void FrmMailIt::setWaitPointer(bool on)
@@ -45,14 +47,31 @@ void FrmMailIt::formLoad()
     DebugLog(QStringLiteral("First call to ezlabel1 - Piecename"));
     logCatalogueProblems();
     usePieceName();
+    useStoredStart();
     ezLabel1->items().readLayoutText(GetMemoOption(PieceLayoutMemo));
     CommandRetAddr->setVisible(IsEnvelopeStyle(ezLabel1->piecename()));
     fillPageTop();
+    loadFrameFont();
+}
+
+void FrmMailIt::loadFrameFont()
+{
     ToolbarBusy = true;
     LoadFont(2, PictureFont());
     if (FrmMDI* frame = FrmMDI::instance())
         frame->UpdateFontControls();
     ToolbarBusy = false;
+}
+
+// Back from "Return to Selections" the window stays loaded and its load does not run again: the
+// preview takes the frame's print, page setup and font controls back itself.
+void FrmMailIt::comeBackOnTop()
+{
+    if (ReportType == QLatin1String("M"))
+        return;
+    ReportType = QStringLiteral("M");
+    UpdateToolbar(QStringLiteral("Report"));
+    loadFrameFont();
 }
 
 // The sheet templates that could not be read, once a session, so that a broken file is found.
@@ -66,7 +85,8 @@ void FrmMailIt::logCatalogueProblems()
         DebugLog(problem);
 }
 
-// A piece stored by an earlier session that the catalogue no longer has gives way to the default sheet.
+// A piece stored by an earlier session that the catalogue no longer has gives way to the default sheet;
+// the preview has no messages of its own, so the log tells why.
 void FrmMailIt::usePieceName()
 {
     const QString wanted = PieceName.trimmed();
@@ -74,13 +94,24 @@ void FrmMailIt::usePieceName()
     if (wanted.isEmpty())
         return;
     if (!ezLabel1->catalogue().find(wanted)) {
-        ui::msgBox(QStringLiteral("The piece \"%1\" is no longer in the list of pieces; \"%2\" is used instead.")
-                       .arg(wanted, label::SheetCatalogue::defaultName()),
-                   MsgWarning, QStringLiteral("Piece Selection"));
+        DebugLog(QStringLiteral("Piece \"%1\" is not in the catalogue; \"%2\" is used instead")
+                     .arg(wanted, label::SheetCatalogue::defaultName()));
         PieceName = label::SheetCatalogue::defaultName();
         return;
     }
     ezLabel1->setPiecename(wanted);
+}
+
+// A sheet starts where the last run on it ended.
+void FrmMailIt::useStoredStart()
+{
+    ezLabel1->setStartPosition(storedStartPosition(ezLabel1->piecename()));
+    showStart();
+}
+
+void FrmMailIt::showStart()
+{
+    CommandStartAt->setText(QStringLiteral("Start at Label %1").arg(ezLabel1->startPosition()));
 }
 
 void FrmMailIt::fillPageTop()
@@ -125,6 +156,7 @@ void FrmMailIt::LoadMailIt()
     ezLabel1->setVisible(true);
     ezLabel1->loading = false;
     DebugLog(QStringLiteral("About to Show Form Mailit"));
+    comeBackOnTop();
     setFormVisible(true);
     UpdatePageDisplay();
     setWaitPointer(false);

@@ -2,6 +2,7 @@
 
 #include "core/forms.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QPushButton;
@@ -53,12 +54,19 @@ public:
     void cmdClose_Click();
     void CommandClose_Click();
     void ezLabel1_Change(int what);
+    void CommandStartAt_Click();
+    void CommandCalibrate_Click();
+    void chkOutlines_Click();
 
 private:
     void buildControls();
     void connectControls();
     void fillPageTop();
     void usePieceName();
+    void loadFrameFont();
+    void comeBackOnTop();
+    void useStoredStart();
+    void showStart();
     void logCatalogueProblems();
     void setWaitPointer(bool on);
 
@@ -67,8 +75,9 @@ private:
     QLabel* LabelPagenofn;
     QPushButton *CommandFirstPage, *CommandPreviousPage, *CommandNextPage, *CommandLastPage, *CommandZoomIn,
         *CommandZoomOut, *CommandPiece, *CommandLayout, *CommandRetAddr, *CommandCustomize, *CommandSelect,
-        *CommandClose, *cmdBack, *cmdSelect, *cmdClose;
+        *CommandClose, *cmdBack, *cmdSelect, *cmdClose, *CommandStartAt, *CommandCalibrate;
     QComboBox* cmbPageTop;
+    QCheckBox* chkOutlines;
 };
 
 } // namespace hb

@@ -1,9 +1,11 @@
 // The buttons of the preview, the control's change event, printing and the printer dialog.
 
+#include "mailing/calibrationdialog.h"
 #include "mailing/formretaddr.h"
 #include "mailing/frmlabels.h"
 #include "mailing/frmmailit.h"
 #include "mailing/piecetext.h"
+#include "mailing/startpositions.h"
 
 #include "core/frame.h"
 #include "core/helpers.h"
@@ -117,6 +119,14 @@ void FrmMailIt::ezLabel1_Change(int what)
 {
     if (what != 10 && what != 11)
         return;
+    // RefreshEZLabel below sets the return address and the stamp from their options: on an envelope the
+    // layout dialog's choice must reach the options first, or it is undone before Layout reads it back.
+    if (what == 11 && IsEnvelopeStyle(ezLabel1->piecename())) {
+        SetNOption(6, ezLabel1->item(ReturnAddressItem).visible ? 1 : 0);
+        SetNOption(7, ezLabel1->item(StampItem).visible ? 1 : 0);
+    }
+    if (what == 10)
+        useStoredStart();
     PieceName = ezLabel1->piecename();
     SaveFont(1, ezLabel1->item(ReturnAddressItem).font);
     SaveFont(2, ezLabel1->item(AddressItem).font);
@@ -130,9 +140,29 @@ void FrmMailIt::PrintItNow()
     setWaitPointer(true);
     QCoreApplication::processEvents();
     ezLabel1->printerName = Printer().printerName();
-    ezLabel1->printPieces();
+    // The next print dialog of the session offers the printer chosen in this one.
+    if (ezLabel1->printPieces()) {
+        if (!ezLabel1->printerName.isEmpty())
+            Printer().setPrinterName(ezLabel1->printerName);
+        // The next run on this sheet starts after the last label this one used.
+        storeStartPosition(ezLabel1->piecename(), ezLabel1->nextStartPosition());
+        useStoredStart();
+        UpdatePageDisplay();
+    }
     setWaitPointer(false);
 }
+
+void FrmMailIt::CommandStartAt_Click()
+{
+    if (!ezLabel1->showStartDialog())
+        return;
+    showStart();
+    UpdatePageDisplay();
+}
+
+void FrmMailIt::CommandCalibrate_Click() { showCalibrationDialog(*ezLabel1); }
+
+void FrmMailIt::chkOutlines_Click() { ezLabel1->printOutlines = chkOutlines->isChecked(); }
 
 void FrmMailIt::PageSetup()
 {

@@ -3,6 +3,7 @@
 
 #include "platform/label/labelcontrol.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -51,6 +52,12 @@ void FrmMailIt::buildControls()
     cmbPageTop->setObjectName(QStringLiteral("cmbPageTop"));
     cmbPageTop->setToolTip(QStringLiteral("Print adjustment"));
     cmbPageTop->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    CommandStartAt = button(this, "CommandStartAt", "Start at Label 1", "Where on a partly used sheet to start");
+    CommandCalibrate = button(this, "CommandCalibrate", "Printer Calibration...",
+                              "Where each printer puts the page, measured on an alignment page");
+    chkOutlines = new QCheckBox(QStringLiteral("Print Outlines"), this);
+    chkOutlines->setObjectName(QStringLiteral("chkOutlines"));
+    chkOutlines->setToolTip(QStringLiteral("Print the edges of the labels, to test on plain paper"));
 
     ezLabel1 = new label::LabelControl;
     scroller = new QScrollArea(this);
@@ -64,11 +71,13 @@ void FrmMailIt::buildControls()
     for (QWidget* w : {static_cast<QWidget*>(CommandFirstPage), static_cast<QWidget*>(CommandPreviousPage),
                        static_cast<QWidget*>(LabelPagenofn), static_cast<QWidget*>(CommandNextPage),
                        static_cast<QWidget*>(CommandLastPage), static_cast<QWidget*>(CommandZoomIn),
-                       static_cast<QWidget*>(CommandZoomOut), static_cast<QWidget*>(cmbPageTop)})
+                       static_cast<QWidget*>(CommandZoomOut), static_cast<QWidget*>(cmbPageTop),
+                       static_cast<QWidget*>(CommandStartAt), static_cast<QWidget*>(chkOutlines)})
         pages->addWidget(w);
     pages->addStretch();
     auto* actions = new QHBoxLayout;
-    for (QPushButton* b : {CommandPiece, CommandLayout, CommandRetAddr, CommandCustomize, CommandSelect, CommandClose})
+    for (QPushButton* b : {CommandPiece, CommandLayout, CommandRetAddr, CommandCustomize, CommandCalibrate, CommandSelect,
+                           CommandClose})
         actions->addWidget(b);
     actions->addStretch();
     grid->addLayout(pages, 0, 0);
@@ -96,6 +105,9 @@ void FrmMailIt::connectControls()
     connectHandler(cmdBack, &QPushButton::clicked, this, &FrmMailIt::cmdBack_Click);
     connectHandler(cmdClose, &QPushButton::clicked, this, &FrmMailIt::cmdClose_Click);
     connectHandler(ezLabel1, &label::LabelControl::changed, this, &FrmMailIt::ezLabel1_Change);
+    connectHandler(CommandStartAt, &QPushButton::clicked, this, &FrmMailIt::CommandStartAt_Click);
+    connectHandler(CommandCalibrate, &QPushButton::clicked, this, &FrmMailIt::CommandCalibrate_Click);
+    connectHandler(chkOutlines, &QCheckBox::clicked, this, &FrmMailIt::chkOutlines_Click);
 }
 
 } // namespace hb

@@ -25,8 +25,22 @@ void LabelControl::setPiecename(const QString& name)
     if (const Sheet* s = catalogue_->find(name)) {
         sheet_ = *s;
         currentPiece_ = 1;
+        skipped_ = 0;
         updateSize();
     }
+}
+
+void LabelControl::setStartPosition(int position)
+{
+    skipped_ = std::clamp(position, 1, std::max(1, piecesPerSheet(sheet_))) - 1;
+    currentPiece_ = 1;
+    update();
+}
+
+int LabelControl::nextStartPosition() const
+{
+    const int perSheet = std::max(1, piecesPerSheet(sheet_));
+    return pieces_.isEmpty() ? startPosition() : (skipped_ + int(pieces_.size())) % perSheet + 1;
 }
 
 void LabelControl::clearPieces()
@@ -44,34 +58,20 @@ void LabelControl::addPiece()
         update();
 }
 
-int LabelControl::pageOfPiece(int piece) const { return label::pageOfPiece(piece, piecesPerSheet(sheet_)); }
-int LabelControl::pageCount() const { return label::pageCount(int(pieces_.size()), piecesPerSheet(sheet_)); }
+// Pieces count from the start position: the skipped positions of the first sheet come before piece 1.
+int LabelControl::pageOfPiece(int piece) const { return label::pageOfPiece(piece + skipped_, piecesPerSheet(sheet_)); }
+int LabelControl::pageCount() const { return label::pageCount(int(pieces_.size()) + skipped_, piecesPerSheet(sheet_)); }
 
-void LabelControl::moveFirstPiece()
+void LabelControl::moveToPage(int page)
 {
-    currentPiece_ = 1;
+    currentPiece_ = std::max(1, firstPieceOfPage(page, piecesPerSheet(sheet_)) - skipped_);
     update();
 }
 
-void LabelControl::moveNextPiece()
-{
-    const int page = std::min(pageCount(), pageOfPiece(currentPiece_) + 1);
-    currentPiece_ = firstPieceOfPage(page, piecesPerSheet(sheet_));
-    update();
-}
-
-void LabelControl::movePreviousPiece()
-{
-    const int page = std::max(1, pageOfPiece(currentPiece_) - 1);
-    currentPiece_ = firstPieceOfPage(page, piecesPerSheet(sheet_));
-    update();
-}
-
-void LabelControl::moveLastPiece()
-{
-    currentPiece_ = firstPieceOfPage(pageCount(), piecesPerSheet(sheet_));
-    update();
-}
+void LabelControl::moveFirstPiece() { moveToPage(1); }
+void LabelControl::moveNextPiece() { moveToPage(std::min(pageCount(), pageOfPiece(currentPiece_) + 1)); }
+void LabelControl::movePreviousPiece() { moveToPage(std::max(1, pageOfPiece(currentPiece_) - 1)); }
+void LabelControl::moveLastPiece() { moveToPage(pageCount()); }
 
 void LabelControl::setZoom(int percent)
 {
@@ -115,6 +115,7 @@ void LabelControl::paintEvent(QPaintEvent*)
     content.items = &items_;
     content.page = pageOfPiece(currentPiece_);
     content.outlines = true;
+    content.skipped = skipped_;
     paintPage(painter, content);
 }
 

@@ -3,11 +3,14 @@
 // The mail piece control: a list of pieces, each a data text, laid out on a sheet of the catalogue, shown
 // a page at a time with zoom, printed through the printer dialog to any printer or to PDF.
 
+#include "platform/label/calibration.h"
 #include "platform/label/pieceitems.h"
 #include "platform/label/sheet.h"
 
 #include <QStringList>
 #include <QWidget>
+
+#include <functional>
 
 class QPrinter;
 
@@ -39,6 +42,15 @@ public:
     int pageOfPiece(int piece) const;
     int pageCount() const;
 
+    // The position on the first sheet where the first piece goes, 1 for a new sheet; a sheet partly used
+    // starts further on. A new piece starts at 1 again.
+    int startPosition() const { return skipped_ + 1; }
+    void setStartPosition(int position);
+    // The position after the last piece, where the next run on this sheet can start.
+    int nextStartPosition() const;
+    // The dialog that picks the start position on a drawing of the sheet; true on OK.
+    bool showStartDialog();
+
     int zoom() const { return zoom_; }
     void setZoom(int percent);
     float pageTop = 0;                  // inches; positive moves the printed page up
@@ -46,7 +58,8 @@ public:
     void setRedraw(bool on);
     bool loading = false;
     int sheetMode = 0;
-    QString printerName;
+    bool printOutlines = false;         // the edges of the pieces on paper too, to test a sheet on plain paper
+    QString printerName;                // offered by the printer dialog; the one chosen there afterwards
 
     PieceItems& items() { return items_; }
     TextItem& item(int number) { return items_.item(number); }
@@ -54,10 +67,15 @@ public:
     // The dialogs of the control; both go through the window service and raise changed() on OK.
     void showLayoutDialog(bool);
     void showPieceDialog(bool);
-    // The printer dialog, then every page; false when cancelled.
+    // The calibration of a printer by its name, an empty name for a PDF file; none when unset.
+    std::function<Calibration(const QString& printerName)> calibrationFor;
+    // The printer dialog, then every page, calibrated for the printer chosen; false when cancelled.
     bool printPieces();
     // Every page on a printer already set up (PDF or a queue).
-    void printPiecesOn(QPrinter& printer);
+    void printPiecesOn(QPrinter& printer, const Calibration& calibration = {});
+    // One page of the sheet with the outlines of its pieces and cross-hairs at their middles, to measure
+    // how far a printer is off.
+    void printAlignmentPage(QPrinter& printer, const Calibration& calibration) const;
     // Sets paper and orientation of the sheet on a printer: an envelope feeds short edge first.
     void applySheetTo(QPrinter& printer) const;
 
@@ -70,6 +88,7 @@ protected:
 
 private:
     void updateSize();
+    void moveToPage(int page);
     double scale() const;   // screen pixels per point
 
     const SheetCatalogue* catalogue_;
@@ -77,6 +96,7 @@ private:
     QStringList pieces_;
     PieceItems items_;
     int currentPiece_ = 1;
+    int skipped_ = 0;
     int zoom_ = 100;
     bool redraw_ = true;
 };

@@ -56,7 +56,7 @@ double fit(const QStringList& lines, const QFont& font, double width, double hei
 
 void paintText(QPainter& painter, const QRectF& box, const QString& text, const QFont& font, bool centred)
 {
-    QStringList lines = text.split(QLatin1Char('\r'));
+    QStringList lines = textLines(text);
     while (!lines.isEmpty() && lines.last().trimmed().isEmpty())
         lines.removeLast();
     if (lines.isEmpty() || box.width() <= 0 || box.height() <= 0)
@@ -123,6 +123,23 @@ void paintPiece(QPainter& painter, const PageContent& c, const QRectF& piece, co
 
 } // namespace
 
+QStringList textLines(const QString& text)
+{
+    QStringList lines;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c != QLatin1Char('\r') && c != QLatin1Char('\n'))
+            continue;
+        lines << text.mid(start, i - start);
+        if (c == QLatin1Char('\r') && i + 1 < text.size() && text.at(i + 1) == QLatin1Char('\n'))
+            ++i;
+        start = i + 1;
+    }
+    lines << text.mid(start);
+    return lines;
+}
+
 double fittedPointSize(const QStringList& lines, const QFont& font, double width, double height)
 {
     QSizeF block;
@@ -134,14 +151,14 @@ void paintPage(QPainter& painter, const PageContent& c)
     if (!c.sheet || !c.pieces || !c.items)
         return;
     const int perSheet = piecesPerSheet(*c.sheet);
-    const int first = firstPieceOfPage(c.page, perSheet) - 1;
+    const int first = firstPieceOfPage(c.page, perSheet) - 1 - c.skipped;
     painter.save();
     painter.translate(0, -c.pageTop);
     painter.setPen(Qt::black);
     for (int i = 0; i < perSheet; ++i) {
         const int piece = first + i;
         const QRectF r = pieceRect(*c.sheet, i);
-        if (piece < c.pieces->size())
+        if (piece >= 0 && piece < c.pieces->size())
             paintPiece(painter, c, r, c.pieces->at(piece));
         else if (c.outlines)
             paintOutline(painter, *c.sheet, r);

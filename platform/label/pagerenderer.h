@@ -12,6 +12,9 @@ class QPainter;
 
 namespace hb::label {
 
+// The lines of a text: CR, LF and CR LF each end a line, whichever a user typed or a file brought in.
+QStringList textLines(const QString& text);
+
 // Text below this size is hard to read on a label; text that does not fit at it is clipped instead.
 constexpr double MinimumTextPoints = 6.0;
 
@@ -25,7 +28,8 @@ struct PageContent {
     const PieceItems* items = nullptr;
     int page = 1;                          // 1-based
     double pageTop = 0;                    // points: positive moves everything up
-    bool outlines = false;                 // the edges of the pieces, for the screen only
+    bool outlines = false;                 // the edges of the pieces: on the screen, or on plain paper for a test
+    int skipped = 0;                       // positions of the first sheet already used
 };
 
 void paintPage(QPainter& painter, const PageContent& content);

@@ -40,8 +40,8 @@ struct PieceItems {
     void readLayoutText(const QString& text);
 };
 
-// The text of a merge field replaced by a piece's data: "<<name>>" by the value after "name^". Lines
-// of the value are separated by CR alone.
+// The text of a merge field replaced by a piece's data: "<<name>>" by the value after "name^". The
+// program separates the lines of the value by CR; LF or CR LF from typed or imported text is kept.
 QString mergePieceData(const QString& itemText, const QString& pieceData);
 
 } // namespace hb::label

@@ -56,11 +56,32 @@ QPointF SheetPicture::pointAt(const QPointF& fraction) const
     return origin() + p * scale();
 }
 
+void SheetPicture::setChosenPosition(int position)
+{
+    chosen_ = position;
+    update();
+}
+
+QPointF SheetPicture::positionCentre(int position) const
+{
+    return origin() + pieceRect(sheet_, position - 1).center() * scale();
+}
+
 void SheetPicture::mousePressEvent(QMouseEvent* event)
 {
     dragged_ = 0;
-    if (!withItems_ || event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton)
         return;
+    if (!withItems_) {
+        const QPointF at = (event->position() - origin()) / scale();
+        for (int i = 0; i < piecesPerSheet(sheet_); ++i) {
+            if (pieceRect(sheet_, i).contains(at)) {
+                emit positionPicked(i + 1);
+                return;
+            }
+        }
+        return;
+    }
     const QPointF at = fractionAt(event->position());
     // The item drawn last lies on top.
     for (int i = 7; i >= 1 && !dragged_; --i) {
@@ -107,6 +128,16 @@ void SheetPicture::paintEvent(QPaintEvent*)
         content.items = &none;
     content.outlines = true;
     paintPage(painter, content);
+    if (withItems_ || chosen_ <= 0)
+        return;
+    painter.setPen(Qt::NoPen);
+    for (int i = 0; i < chosen_ - 1 && i < piecesPerSheet(sheet_); ++i)
+        painter.fillRect(pieceRect(sheet_, i), QColor(0, 0, 0, 60));
+    QColor mark = palette().color(QPalette::Highlight);
+    painter.setPen(QPen(mark, 0));
+    mark.setAlpha(96);
+    painter.setBrush(mark);
+    painter.drawRect(pieceRect(sheet_, chosen_ - 1));
 }
 
 } // namespace hb::label

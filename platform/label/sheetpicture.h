@@ -20,10 +20,17 @@ public:
     // A point of the widget as fractions of the piece's inner area, where item boxes are measured.
     QPointF fractionAt(const QPointF& point) const;
     QPointF pointAt(const QPointF& fraction) const;
+    // For picking where a run starts: the positions before the chosen one are shaded as used, and a click
+    // on a piece of the sheet picks it.
+    void setChosenPosition(int position);   // 1-based; 0 for none
+    // Where the middle of a position of the sheet is drawn, in widget coordinates.
+    QPointF positionCentre(int position) const;
 
 signals:
     // An item dragged to a new top left corner, in fractions of the piece.
     void itemMoved(int item, const QPointF& topLeft);
+    // A position of the sheet clicked, 1-based.
+    void positionPicked(int position);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -41,6 +48,7 @@ private:
     PieceItems items_;
     QStringList pieces_;
     bool withItems_ = false;
+    int chosen_ = 0;
 };
 
 } // namespace hb::label

@@ -221,6 +221,9 @@ TEST_F(LabelListTest, AccentedNamesStandBesideTheirBaseLettersAndTheButtonsRaise
     addListing({4, QStringLiteral("Zimmer Hardware"), QString(), 0});
     addListing({5, QStringLiteral("Paul Éluard"), QStringLiteral("Éluard"), 0});
     addListing({6, QStringLiteral("Ödegaard"), QString(), 0});
+    addListing({7, QStringLiteral("Hans Groß"), QStringLiteral("Groß"), 0});
+    addListing({8, QStringLiteral("Ana Gómez"), QStringLiteral("Gómez"), 0});
+    addListing({9, QStringLiteral("Eva Åström"), QStringLiteral("Åström"), 0});
     auto* names = list(*w, "lstSelections");
     int clicks = 0;
     QObject::connect(names, &ui::ListBox::click, names, [&] { ++clicks; });
@@ -228,12 +231,52 @@ TEST_F(LabelListTest, AccentedNamesStandBesideTheirBaseLettersAndTheButtonsRaise
     QStringList texts;
     for (int i = 0; i < names->listCount(); ++i)
         texts << names->list(i);
-    EXPECT_EQ(texts, (QStringList{"Able...Ann Able", "Baker...Bob Baker", "Cole...Cy Cole", "Éluard...Paul Éluard",
-                                  "Ödegaard", "Zimmer Hardware"}));
-    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("6 Labels Selected"));
+    EXPECT_EQ(texts, (QStringList{"Able...Ann Able", "Åström...Eva Åström", "Baker...Bob Baker", "Cole...Cy Cole",
+                                  "Éluard...Paul Éluard", "Gómez...Ana Gómez", "Groß...Hans Groß", "Ödegaard",
+                                  "Zimmer Hardware"}));
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("9 Labels Selected"));
     click(*w, QStringLiteral("cmdLabelsClear"));
     click(*w, QStringLiteral("cmdLabelsSelect"));
     EXPECT_EQ(clicks, 0);
-    EXPECT_EQ(labels->list(15), QStringLiteral("Paul Éluard"));
-    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("6 Labels Selected"));
+    EXPECT_EQ(labels->list(20), QStringLiteral("Paul Éluard"));
+    EXPECT_EQ(text(*w, "lblSelectList3"), QStringLiteral("9 Labels Selected"));
+}
+
+TEST_F(LabelListTest, ANameChangeKeepsTheLinkOfALabelWhoseCityLineIsLongerThanTheBox)
+{
+    DB.execute(QStringLiteral("update roof set City = '%1', State = '%2' where RoofNumber = 2")
+                   .arg(QString(30, QLatin1Char('x')), QString(15, QLatin1Char('y'))));
+    clickRow(list(*w, "lstTypes"), 0);
+    clickRow(list(*w, "lstTypes"), 0);
+    const QString longCity = labels->list(8);
+    ASSERT_EQ(longCity.size(), 54);
+    clickRow(labels, 5);
+    editNextLabel(QStringLiteral("Robert Baker"), std::nullopt);
+    click(*w, QStringLiteral("cmdChange"));
+    EXPECT_EQ(labels->itemData(5), -2) << "only the name changed";
+    EXPECT_EQ(labels->list(8), longCity) << "the list keeps the whole line";
+    click(*w, QStringLiteral("cmdPrint"));
+    const auto table = rptLabels();
+    ASSERT_EQ(table.size(), 3);
+    EXPECT_EQ(table[1][QStringLiteral("NameOnLabel")].toString(), QStringLiteral("Robert Baker"));
+    EXPECT_EQ(table[1][QStringLiteral("RoofNumber")].toInt(), 2);
+    EXPECT_EQ(table[1][QStringLiteral("citystatezip")].toString(), longCity.left(50));
+}
+
+TEST_F(LabelListTest, EnterInTheEditWindowPressesOkAndEscapeCancels)
+{
+    const struct { Qt::Key key; QString name; } cases[] = {{Qt::Key_Return, QStringLiteral("Ann Enter")},
+                                                           {Qt::Key_Escape, QStringLiteral("Ann Enter")}};
+    for (const auto& c : cases) {
+        clickRow(labels, 0);
+        dialogs().onModal([&](QWidget& d) {
+            auto* name = control<QLineEdit>(d, QStringLiteral("txtName"));
+            name->selectAll();
+            QTest::keyClicks(name, c.key == Qt::Key_Escape ? QStringLiteral("Not Kept") : c.name);
+            QTest::keyClick(name, c.key);
+        });
+        click(*w, QStringLiteral("cmdChange"));
+        EXPECT_EQ(labels->list(0), c.name) << c.key;
+        EXPECT_EQ(labels->itemData(0), -1);
+    }
 }

@@ -1,5 +1,6 @@
 #include "addressrpt_fixture.h"
 #include "printcapture.h"
+#include "cupsqueue.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -11,20 +12,7 @@ using namespace hb;
 
 namespace {
 
-const QString Queue = QStringLiteral("PDF");
-
-// Empty when the scheduler and the PDF queue are up; the reason otherwise.
-QString startCups()
-{
-    const QString script = QStringLiteral(HB_SOURCE_DIR "/scripts/start-cups.sh");
-    QProcess process;
-    process.start(QStringLiteral("bash"), {script, Queue});
-    if (!process.waitForFinished(60000))
-        return QStringLiteral("start-cups.sh did not finish");
-    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
-        return QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
-    return {};
-}
+const QString& Queue = CupsPdfQueue;
 
 QStringList jobs(const char* which)
 {
@@ -40,11 +28,9 @@ class AddressReportCupsTest : public AddressReportFixture {};
 
 TEST_F(AddressReportCupsTest, TheAddressReportPrintsToTheCupsPdfQueue)
 {
-    const QString reason = startCups();
+    const QString reason = startCupsPdfQueue();
     if (!reason.isEmpty())
-        GTEST_SKIP() << "CUPS cannot start here: " << reason.toStdString();
-    if (!QPrinterInfo::availablePrinterNames().contains(Queue))
-        GTEST_SKIP() << "the queue " << Queue.toStdString() << " is not offered to Qt";
+        GTEST_SKIP() << "CUPS cannot print here: " << reason.toStdString();
     const qsizetype before = jobs("completed").size();
     ASSERT_NE(open("mnuAddress"), nullptr);
     PrintCapture capture;
