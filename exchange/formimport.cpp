@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/ui/windowservice.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
@@ -57,6 +58,7 @@ FormImport::FormImport() : Form(staticFormName(), false)
 void FormImport::formLoad()
 {
     OptionImportCD->setChecked(true);
+    CheckHouseholds->setChecked(true);
     OptionImportCD_Click();
     for (int i = 1; i <= RoofTypeCount; ++i)
         ComboCategory->addItem(RoofTypeNames.value(i), int(RoofTypeNumbers.value(i)));
@@ -73,7 +75,7 @@ bool FormImport::homebookChosen() const { return OptionImportHomebook->isChecked
 
 QString FormImport::currentSource() const
 {
-    for (QRadioButton* option : {OptionImportCD, OptionImportBK, OptionImportQuillon, OptionImportHomebook}) {
+    for (QRadioButton* option : {OptionImportCD, OptionImportBK, OptionImportQuillon, OptionImportHomebook, OptionImportVCard}) {
         if (option->isChecked())
             return option->objectName();
     }
@@ -87,17 +89,21 @@ void FormImport::sourceChosen(const QString& source, bool typeShown)
     TextFileLocation->setText(importStartFolder(source));
     LabelType->setVisible(typeShown);
     ComboCategory->setVisible(typeShown);
+    CheckHouseholds->setVisible(source == OptionImportVCard->objectName());
 }
 
 void FormImport::OptionImportHomebook_Click() { sourceChosen(OptionImportHomebook->objectName(), false); }
 void FormImport::OptionImportCD_Click() { sourceChosen(OptionImportCD->objectName(), true); }
 void FormImport::OptionImportBK_Click() { sourceChosen(OptionImportBK->objectName(), true); }
+// The type goes to the cards that name no category.
+void FormImport::OptionImportVCard_Click() { sourceChosen(OptionImportVCard->objectName(), true); }
 
 // The sports products leave no known place on this platform: the text stays as it was.
 void FormImport::OptionImportQuillon_Click()
 {
     LabelType->setVisible(true);
     ComboCategory->setVisible(true);
+    CheckHouseholds->setVisible(false);
 }
 
 void FormImport::CommandBrowse_Click()
@@ -106,7 +112,8 @@ void FormImport::CommandBrowse_Click()
         {QStringLiteral("OptionImportCD"), QStringLiteral("Comma Delimited Files (*.txt *.csv)")},
         {QStringLiteral("OptionImportBK"), QStringLiteral("Bracketeer Files (*.brk)")},
         {QStringLiteral("OptionImportQuillon"), QStringLiteral("Quillon Files (*.mdb)")},
-        {QStringLiteral("OptionImportHomebook"), QStringLiteral("Homebook Files (*.mdb)")}};
+        {QStringLiteral("OptionImportHomebook"), QStringLiteral("Homebook Files (*.mdb)")},
+        {QStringLiteral("OptionImportVCard"), QStringLiteral("vCard Files (*.vcf *.vcard)")}};
     const QString source = currentSource();
     const QString text = TextFileLocation->text().trimmed();
     QString start = text.isEmpty() ? AppPath : text;
@@ -151,6 +158,8 @@ void FormImport::runSource()
         ImportHB();
     } else if (OptionImportQuillon->isChecked()) {
         ImportQuillon();
+    } else if (OptionImportVCard->isChecked()) {
+        ImportVCard();
     }
 }
 
