@@ -106,6 +106,23 @@ void FrmMDI::mnuExport_Click()
     UpdateToolbar(QStringLiteral("Update"));
 }
 
+// The exports to other programs share the export window of names, in modes of their own.
+void FrmMDI::mnuExportVCards_Click()
+{
+    UnloadForms();
+    BackupMode = QStringLiteral("V");
+    showBackup();
+    UpdateToolbar(QStringLiteral("Update"));
+}
+
+void FrmMDI::mnuExportBirthdays_Click()
+{
+    UnloadForms();
+    BackupMode = QStringLiteral("C");
+    showBackup();
+    UpdateToolbar(QStringLiteral("Update"));
+}
+
 void FrmMDI::mnuImport_Click()
 {
     UnloadForms();

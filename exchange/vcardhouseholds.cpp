@@ -8,12 +8,15 @@ namespace hb::vcardlistings {
 
 namespace {
 
-// Cards that Homebook wrote keep their listings apart even at one address.
+// Cards that Homebook wrote come together by their listing, with or without an address, and keep their
+// listings apart at one address.
 QString groupKey(const CardListing& card)
 {
-    if (card.firm || card.homeKey.isEmpty() || card.record.Persons.isEmpty())
+    if (card.firm || card.record.Persons.isEmpty())
         return {};
-    return card.named ? card.homeKey + QLatin1Char('|') + card.record.RoofName : card.homeKey;
+    if (card.named)
+        return QStringLiteral("listing|") + card.record.RoofName + QLatin1Char('|') + card.homeKey;
+    return card.homeKey;
 }
 
 QString joined(const QStringList& names)

@@ -1,0 +1,104 @@
+// The exports to other programs: the listings of the chosen types as contact cards, and their birthdays
+// and anniversaries as a calendar. Both refuse what cannot be written before they write anything, and
+// put the file in place whole.
+
+#include "exchange/frmbackup.h"
+
+#include "core/frame.h"
+#include "core/misc.h"
+#include "core/session.h"
+#include "exchange/contactexport.h"
+#include "platform/clock.h"
+#include "platform/ui/listbox.h"
+#include "platform/ui/windowservice.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QSaveFile>
+
+namespace hb {
+
+QVector<qint32> FrmBackup::chosenTypes() const
+{
+    QVector<qint32> types;
+    for (int i = 0; i < lstTypes->listCount(); ++i) {
+        if (lstTypes->selected(i))
+            types << lstTypes->itemData(i);
+    }
+    return types;
+}
+
+// The refusals of the export of names, for a file of another kind; false leaves the window as it is.
+bool FrmBackup::contactExportTarget(const QString& extension, QString& target)
+{
+    const QString name = txtFileName->text().trimmed();
+    auto refuse = [](const QString& text, const char* title, QWidget* focus) {
+        ui::msgBox(text, MsgWarning, QString::fromLatin1(title));
+        focus->setFocus();
+        return false;
+    };
+    if (name.isEmpty())
+        return refuse(QStringLiteral("Must enter file name!"), "File Name Not Entered", txtFileName);
+    if (!name.endsWith(extension, Qt::CaseInsensitive) || name.size() == extension.size())
+        return refuse(QStringLiteral("File name must end with '%1'.").arg(extension), "File Name Invalid", txtFileName);
+    if (lstTypes->selectedCount() == 0)
+        return refuse(QStringLiteral("Must select at least one address type!"), "No Address Type Selected", lstTypes);
+    target = chosenPath() + name;
+    return !IsFileThere(target)
+        || ui::msgBox(QStringLiteral("File exists. Do you want to replace the file?"), MsgYesNo,
+                      QStringLiteral("File Exists"))
+               == ui::AnswerYes;
+}
+
+// An old file stays whole until the new one is complete.
+bool FrmBackup::writeContactFile(const QString& target, const QByteArray& bytes)
+{
+    QSaveFile file(target);
+    // The names and birthdays of the book are as private as the book.
+    if (!bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
+        && file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) && file.commit())
+        return true;
+    ui::msgBox(QStringLiteral("The file could not be written: %1.\r\rNo export file has been written.")
+                   .arg(bytes.isEmpty() ? QStringLiteral("the calendar library failed") : file.errorString()),
+               MsgWarning, QStringLiteral("Export Failed"));
+    return false;
+}
+
+void FrmBackup::ExportVCards()
+{
+    QString target;
+    if (!contactExportTarget(QStringLiteral(".vcf"), target))
+        return;
+    SetFramePointer(11);
+    const QVector<contactexport::Listing> listings = contactexport::listingsOfTypes(chosenTypes());
+    const QVector<vcard::Card> cards =
+        contactexport::cardsOf(listings, chkVCard4->isChecked() ? vcard::Version::V40 : vcard::Version::V30);
+    const bool written = writeContactFile(target, vcard::write(cards, chkVCard4->isChecked() ? vcard::Version::V40 : vcard::Version::V30));
+    SetFramePointer(0);
+    if (!written)
+        return;
+    ui::msgBox(cards.size() == 1 ? QStringLiteral("1 contact card exported!")
+                                 : QString::number(cards.size()) + QStringLiteral(" contact cards exported!"),
+               MsgWarning, QStringLiteral("Export Complete"));
+    returnToListings();
+}
+
+void FrmBackup::ExportBirthdays()
+{
+    QString target;
+    if (!contactExportTarget(QStringLiteral(".ics"), target))
+        return;
+    SetFramePointer(11);
+    const QVector<contactexport::Listing> listings = contactexport::listingsOfTypes(chosenTypes());
+    const bool written = writeContactFile(target, contactexport::calendarOf(listings, clock::now()));
+    SetFramePointer(0);
+    if (!written)
+        return;
+    const int events = contactexport::eventCount(listings);
+    ui::msgBox(events == 1 ? QStringLiteral("1 birthday or anniversary exported!")
+                           : QString::number(events) + QStringLiteral(" birthdays and anniversaries exported!"),
+               MsgWarning, QStringLiteral("Export Complete"));
+    returnToListings();
+}
+
+} // namespace hb
