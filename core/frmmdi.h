@@ -56,6 +56,7 @@ private:
     QAction* button(const char* key) const;
 
     // Menu routes, in frameroutes.cpp.
+    void showBackupIn(const QString& mode);
     void openListingReport(const QString& reportType, int fontId);
     void mnuPageSetup_Click();
     void mnuPrint_Click();

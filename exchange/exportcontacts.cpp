@@ -64,41 +64,42 @@ bool FrmBackup::writeContactFile(const QString& target, const QByteArray& bytes)
     return false;
 }
 
-void FrmBackup::ExportVCards()
+// The listings of the chosen types made into a file's bytes, written, and what was written counted.
+void FrmBackup::runContactExport(const QString& extension, const ContactFile& make)
 {
     QString target;
-    if (!contactExportTarget(QStringLiteral(".vcf"), target))
+    if (!contactExportTarget(extension, target))
         return;
     SetFramePointer(11);
-    const QVector<contactexport::Listing> listings = contactexport::listingsOfTypes(chosenTypes());
-    const QVector<vcard::Card> cards =
-        contactexport::cardsOf(listings, chkVCard4->isChecked() ? vcard::Version::V40 : vcard::Version::V30);
-    const bool written = writeContactFile(target, vcard::write(cards, chkVCard4->isChecked() ? vcard::Version::V40 : vcard::Version::V30));
+    int count = 0;
+    const bool written = writeContactFile(target, make(contactexport::listingsOfTypes(chosenTypes()), count));
     SetFramePointer(0);
     if (!written)
         return;
-    ui::msgBox(cards.size() == 1 ? QStringLiteral("1 contact card exported!")
-                                 : QString::number(cards.size()) + QStringLiteral(" contact cards exported!"),
+    const bool cards = extension == QLatin1String(".vcf");
+    ui::msgBox(count == 1 ? (cards ? QStringLiteral("1 contact card exported!") : QStringLiteral("1 birthday or anniversary exported!"))
+                          : QString::number(count)
+                    + (cards ? QStringLiteral(" contact cards exported!") : QStringLiteral(" birthdays and anniversaries exported!")),
                MsgWarning, QStringLiteral("Export Complete"));
     returnToListings();
 }
 
+void FrmBackup::ExportVCards()
+{
+    const vcard::Version version = chkVCard4->isChecked() ? vcard::Version::V40 : vcard::Version::V30;
+    runContactExport(QStringLiteral(".vcf"), [version](const QVector<contactexport::Listing>& listings, int& count) {
+        const QVector<vcard::Card> cards = contactexport::cardsOf(listings, version);
+        count = int(cards.size());
+        return vcard::write(cards, version);
+    });
+}
+
 void FrmBackup::ExportBirthdays()
 {
-    QString target;
-    if (!contactExportTarget(QStringLiteral(".ics"), target))
-        return;
-    SetFramePointer(11);
-    const QVector<contactexport::Listing> listings = contactexport::listingsOfTypes(chosenTypes());
-    const bool written = writeContactFile(target, contactexport::calendarOf(listings, clock::now()));
-    SetFramePointer(0);
-    if (!written)
-        return;
-    const int events = contactexport::eventCount(listings);
-    ui::msgBox(events == 1 ? QStringLiteral("1 birthday or anniversary exported!")
-                           : QString::number(events) + QStringLiteral(" birthdays and anniversaries exported!"),
-               MsgWarning, QStringLiteral("Export Complete"));
-    returnToListings();
+    runContactExport(QStringLiteral(".ics"), [](const QVector<contactexport::Listing>& listings, int& count) {
+        count = contactexport::eventCount(listings);
+        return contactexport::calendarOf(listings, clock::now());
+    });
 }
 
 } // namespace hb

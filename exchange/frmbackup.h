@@ -5,6 +5,8 @@
 
 #include <QVector>
 
+#include <functional>
+
 class QCheckBox;
 class QLabel;
 class QSpinBox;
@@ -12,6 +14,10 @@ class QLineEdit;
 class QPushButton;
 
 namespace hb {
+
+namespace contactexport {
+struct Listing;
+}
 
 namespace ui {
 class DirListBox;
@@ -74,6 +80,9 @@ private:
     void spnKeep_Change();
 
     bool writeExport(const QString& shell, const QString& target);
+    // The bytes of an export to another program, and how many cards or events they hold.
+    using ContactFile = std::function<QByteArray(const QVector<contactexport::Listing>&, int& count)>;
+    void runContactExport(const QString& extension, const ContactFile& make);
     bool contactExportTarget(const QString& extension, QString& target);
     bool writeContactFile(const QString& target, const QByteArray& bytes);
     QVector<qint32> chosenTypes() const;

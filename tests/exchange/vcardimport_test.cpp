@@ -45,17 +45,8 @@ protected:
     // The individuals of a listing, each as its fields, in the order they were added.
     static QList<QVariantMap> persons(const QVariantMap& listing)
     {
-        Recordset rs = DB.openRecordset(QStringLiteral("select * from Person where RoofNumber = ")
-                                        + listing.value(QStringLiteral("roofnumber")).toString()
-                                        + QStringLiteral(" order by PersonNumber"));
-        QList<QVariantMap> rows;
-        for (; !rs.eof(); rs.moveNext()) {
-            QVariantMap row;
-            for (const QString& field : rs.fieldNames())
-                row[field.toLower()] = rs.value(field);
-            rows << row;
-        }
-        return rows;
+        return rowsOf(QStringLiteral("select * from Person where RoofNumber = ") + listing.value(QStringLiteral("roofnumber")).toString()
+                      + QStringLiteral(" order by PersonNumber"));
     }
 
     static QString text(const QVariantMap& row, const char* field) { return row.value(QString::fromLatin1(field)).toString(); }
