@@ -175,7 +175,7 @@ void BM_ImportVCardsIntoEmptyBook(benchmark::State& state)
         forms::unloadAll();
         DB.execute(QStringLiteral("delete from Roof"));
         state.ResumeTiming();
-        runVCardImport(world.data() + QStringLiteral("backup/Homebook Contacts.vcf"));
+        runVCardImport(*world.dialogs, world.data() + QStringLiteral("backup/Homebook Contacts.vcf"));
     }
     const QStringList after = bookAsText();
     state.counters["listings"] = after.size();

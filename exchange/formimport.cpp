@@ -13,7 +13,6 @@
 #include "platform/files.h"
 #include "platform/ui/windowservice.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
@@ -58,7 +57,6 @@ FormImport::FormImport() : Form(staticFormName(), false)
 void FormImport::formLoad()
 {
     OptionImportCD->setChecked(true);
-    CheckHouseholds->setChecked(true);
     OptionImportCD_Click();
     for (int i = 1; i <= RoofTypeCount; ++i)
         ComboCategory->addItem(RoofTypeNames.value(i), int(RoofTypeNumbers.value(i)));
@@ -89,7 +87,6 @@ void FormImport::sourceChosen(const QString& source, bool typeShown)
     TextFileLocation->setText(importStartFolder(source));
     LabelType->setVisible(typeShown);
     ComboCategory->setVisible(typeShown);
-    CheckHouseholds->setVisible(source == OptionImportVCard->objectName());
 }
 
 void FormImport::OptionImportHomebook_Click() { sourceChosen(OptionImportHomebook->objectName(), false); }
@@ -103,7 +100,6 @@ void FormImport::OptionImportQuillon_Click()
 {
     LabelType->setVisible(true);
     ComboCategory->setVisible(true);
-    CheckHouseholds->setVisible(false);
 }
 
 void FormImport::CommandBrowse_Click()

@@ -5,7 +5,6 @@
 
 #include <optional>
 
-class QCheckBox;
 class QComboBox;
 class QGroupBox;
 class QLabel;
@@ -59,11 +58,10 @@ private:
     qint32 chosenType() const;
     qint32 knownType(const QString& description) const;
     void finishReader(const ImportCounters& counters);
-    std::optional<QVector<vcardlistings::CardListing>> vCardListings() const;
+    std::optional<QVector<vcardlistings::CardListing>> vCardListings();
 
     QGroupBox* Frame2;
     QRadioButton *OptionImportHomebook, *OptionImportCD, *OptionImportBK, *OptionImportQuillon, *OptionImportVCard;
-    QCheckBox* CheckHouseholds;   // cards of one home become one listing
     QLabel *Label3, *LabelType;
     QLineEdit* TextFileLocation;
     QComboBox* ComboCategory;

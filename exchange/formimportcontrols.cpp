@@ -3,7 +3,6 @@
 
 #include "exchange/importwidgets.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -27,7 +26,7 @@ void FormImport::buildControls()
 {
     using importui::button;
     using importui::place;
-    setFixedSize(ui::px(6840), ui::px(4560));
+    setFixedSize(ui::px(6840), ui::px(4080));
     Frame2 = place(new QGroupBox(QStringLiteral("Import Data From"), this), "Frame2", 240, 120, 4320, 2310);
     OptionImportHomebook =
         option(Frame2, "OptionImportHomebook", "Homebook", "Import from a comma delimited file", 300);
@@ -41,9 +40,6 @@ void FormImport::buildControls()
     CommandBrowse = button(this, "CommandBrowse", "Browse...", "Click to display a file selection window", 5280, 2850);
     LabelType = place(new QLabel(QStringLiteral("Type: "), this), "LabelType", 240, 3430, 720, 255);
     ComboCategory = place(new QComboBox(this), "ComboCategory", 960, 3390, 3600, 315);
-    CheckHouseholds = place(new QCheckBox(QStringLiteral("Join the cards of one &home into one listing"), this),
-                            "CheckHouseholds", 240, 3900, 4920, 315);
-    CheckHouseholds->setToolTip(QStringLiteral("People whose cards give the same home address become one household"));
     CommandImport = button(this, "CommandImport", "Import", "Click to begin importing", 5280, 240);
     CommandCancel = button(this, "CommandCancel", "Cancel", "Click to cancel the import", 5280, 720);
     CommandHelp = button(this, "CommandHelp", "Help", "Display help", 5280, 1200);

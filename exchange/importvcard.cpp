@@ -5,12 +5,13 @@
 
 #include "core/session.h"
 #include "exchange/fieldfit.h"
+#include "exchange/formvcardpreview.h"
 #include "exchange/importdriver.h"
 #include "exchange/otherproducts.h"
 #include "exchange/vcardlistings.h"
 #include "platform/ui/windowservice.h"
 
-#include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
 #include <QHash>
 
@@ -73,9 +74,9 @@ private:
 
 } // namespace
 
-// The listings the file's cards make, grouped by home when the user leaves that on; empty with a message
-// shown when the file is no contact file.
-std::optional<QVector<vcardlistings::CardListing>> FormImport::vCardListings() const
+// The listings the file's cards make, as the user saw and grouped them in the preview; nothing when the
+// file is no contact file (with a message) or the user cancelled.
+std::optional<QVector<vcardlistings::CardListing>> FormImport::vCardListings()
 {
     QFile file(sourcePath());
     if (file.size() > LargestFile) {
@@ -94,7 +95,15 @@ std::optional<QVector<vcardlistings::CardListing>> FormImport::vCardListings() c
     QVector<vcardlistings::CardListing> cards;
     for (const vcard::Card& card : read.cards)
         cards << vcardlistings::fromCard(card);
-    return CheckHouseholds->isChecked() ? vcardlistings::households(cards) : cards;
+    auto& preview = forms::get<FormVCardPreview>();
+    preview.setCards(cards, ComboCategory->currentText().trimmed());
+    ui::showModal(preview);
+    const bool chosen = preview.Tag == QLatin1String("import");
+    const QVector<vcardlistings::CardListing> listings = preview.listings();
+    forms::unload(FormVCardPreview::staticFormName());
+    if (!chosen)
+        return std::nullopt;
+    return listings;
 }
 
 void FormImport::ImportVCard()

@@ -3,7 +3,10 @@
 
 #include "importwindow_fixture.h"
 
+#include "addressbook/frmaddressbook.h"
+
 #include <QRadioButton>
+#include <QTreeWidget>
 
 using namespace hb;
 
@@ -11,29 +14,58 @@ namespace {
 
 QString sample(const char* name) { return QStringLiteral(HB_SOURCE_DIR "/tests/data/vcard/") + QString::fromLatin1(name); }
 
+// What the user does in an import of cards.
+struct Choices {
+    bool households = true;      // the joining of homes left on in the preview
+    bool preview = true;         // the file reads as cards, so the preview comes
+    const char* button = "CommandImport";
+    std::function<void()> answers = {};   // queues the answers to the windows the import shows
+};
+
 } // namespace
 
 class VCardImportTest : public ImportWindowFixture {
 protected:
-    // Chooses the vCard source with the mouse, types the path and presses Import.
-    // answers queues the answers to the windows the import shows.
-    void importCards(const QString& path, bool households = true, const std::function<void()>& answers = {})
+    // Chooses the vCard source with the mouse, types the path and presses Import; in the preview, sets
+    // the joining of homes with the keyboard, keeps what it lists and presses a button.
+    void importCards(const QString& path, const Choices& choices = {})
     {
         dialogs().onModal([&](QWidget& w) {
             QTest::mouseClick(control<QRadioButton>(w, QStringLiteral("OptionImportVCard")), Qt::LeftButton, {}, QPoint(6, 6));
-            auto* join = control<QCheckBox>(w, QStringLiteral("CheckHouseholds"));
-            EXPECT_TRUE(join->isVisible());
-            if (join->isChecked() != households)
-                QTest::keyClick(join, Qt::Key_Space);
             auto* location = control<QLineEdit>(w, QStringLiteral("TextFileLocation"));
             location->selectAll();
             QTest::keyClicks(location, path);
-            if (answers)
-                answers();
+            if (choices.preview)
+                dialogs().onModal([&](QWidget& preview) { answerPreview(preview, choices); });
             press(w, "CommandImport");
         });
         openImport();
     }
+
+    void answerPreview(QWidget& w, const Choices& choices)
+    {
+        EXPECT_EQ(w.windowTitle(), QStringLiteral("vCard Import Preview"));
+        auto* join = control<QCheckBox>(w, QStringLiteral("CheckHouseholds"));
+        EXPECT_TRUE(join->isChecked());
+        if (!choices.households)
+            QTest::keyClick(join, Qt::Key_Space);
+        auto* list = control<QTreeWidget>(w, QStringLiteral("ListPreview"));
+        previewed.clear();
+        for (int i = 0; i < list->topLevelItemCount(); ++i) {
+            QStringList cells;
+            for (int c = 0; c < list->columnCount(); ++c)
+                cells << list->topLevelItem(i)->text(c);
+            previewed << cells.join(QLatin1Char('|'));
+        }
+        previewSummary = control<QLabel>(w, QStringLiteral("LabelSummary"))->text();
+        keepPicture(&w, QStringLiteral("vcard-preview"));
+        if (choices.answers)
+            choices.answers();
+        press(w, choices.button);
+    }
+
+    QStringList previewed;
+    QString previewSummary;
 
     static QVariantMap only(const QString& name)
     {
@@ -85,6 +117,9 @@ TEST_F(VCardImportTest, APhonesQuotedPrintableCardsBecomeAHouseholdAndAFirm)
 TEST_F(VCardImportTest, AWebAccountsGroupedFoldedCardsKeepWhatHasNoFieldInTheNotes)
 {
     importCards(sample("webaccount-3.0.vcf"));
+    EXPECT_EQ(previewSummary, QStringLiteral("3 cards make 2 listings."));
+    EXPECT_EQ(previewed, (QStringList{"John & Mary Smith|Smith, John & Mary|John Smith, Mary Smith|1 Elm Street, Springfield|Family",
+                                      "Tom Smith|Smith, Tom|Tom Smith|9 Oak Avenue, Shelbyville|Friends"}));
     EXPECT_EQ(lastMessage().text, summary(2) + QStringLiteral("\r\nValues not read as dates: 1"));
     const QVariantMap home = only(QStringLiteral("John & Mary Smith"));
     EXPECT_EQ(text(home, "sortname"), QStringLiteral("Smith, John & Mary"));
@@ -133,10 +168,22 @@ TEST_F(VCardImportTest, AMailProgramsCardsMakeANewTypeAndAHouseholdOfTwoSurnames
 
 TEST_F(VCardImportTest, WithoutGroupingEachCardIsAListingOfItsOwn)
 {
-    importCards(sample("webaccount-3.0.vcf"), false);
+    importCards(sample("webaccount-3.0.vcf"), {.households = false});
+    EXPECT_EQ(previewSummary, QStringLiteral("3 cards make 3 listings."));
     EXPECT_EQ(roofCount(), 3);
     for (const char* name : {"John Smith", "Mary Smith", "Tom Smith"})
         EXPECT_EQ(persons(only(QString::fromLatin1(name))).size(), 1) << name;
+}
+
+TEST_F(VCardImportTest, CancelInThePreviewWritesNothing)
+{
+    importCards(sample("mailprogram-4.0.vcf"), {.button = "CommandCancel"});
+    EXPECT_EQ(previewed.size(), 2);
+    EXPECT_EQ(roofCount(), 0);
+    Recordset types = DB.openRecordset(QStringLiteral("select count(*) as n from RoofType"));
+    EXPECT_EQ(types.value(QStringLiteral("n")).toInt(), 3) << "no type made for the cards not imported";
+    ASSERT_NE(forms::loaded<FrmAddressBook>(), nullptr);
+    EXPECT_TRUE(forms::loaded<FrmAddressBook>()->isFormVisible());
 }
 
 TEST_F(VCardImportTest, EachAnswerToADuplicateDoesWhatItSays)
@@ -154,7 +201,7 @@ TEST_F(VCardImportTest, EachAnswerToADuplicateDoesWhatItSays)
         SCOPED_TRACE(c.button);
         DB.execute(QStringLiteral("delete from Roof"));
         importCards(sample("webaccount-3.0.vcf"));
-        importCards(sample("webaccount-3.0.vcf"), true, [&] { answerDuplicate(c.button, true); });
+        importCards(sample("webaccount-3.0.vcf"), {.answers = [&] { answerDuplicate(c.button, true); }});
         EXPECT_EQ(roofCount(), c.listings);
         EXPECT_EQ(lastMessage().text, c.summary);
         // A replaced household keeps its two individuals, not four.
@@ -183,7 +230,7 @@ TEST_F(VCardImportTest, BadFilesGiveAClearMessageOrASensibleImport)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         DB.execute(QStringLiteral("delete from Roof"));
-        importCards(writeFile(QStringLiteral("bad.vcf"), c.bytes));
+        importCards(writeFile(QStringLiteral("bad.vcf"), c.bytes), {.preview = c.message != notVCard});
         EXPECT_EQ(lastMessage().text, c.message);
         EXPECT_EQ(roofCount(), c.listings);
     }

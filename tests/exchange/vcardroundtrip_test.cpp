@@ -52,7 +52,7 @@ TEST_F(VCardRoundTripTest, ABookComesBackFieldByFieldInBothVersions)
         EXPECT_EQ(lastMessage().text, QStringLiteral("6 contact cards exported!"));
         DB.execute(QStringLiteral("delete from Roof"));
         ASSERT_EQ(roofCount(), 0);
-        ASSERT_TRUE(guarded([&] { runVCardImport(dataDir() + QStringLiteral("backup/book.vcf")); }));
+        ASSERT_TRUE(guarded([&] { runVCardImport(dialogs(), dataDir() + QStringLiteral("backup/book.vcf")); }));
         EXPECT_EQ(lastMessage().text, ImportSummaryText({5, 0, 0, 0}));
         EXPECT_EQ(bookAsText(), before);
     }

@@ -68,9 +68,10 @@ inline void runVCardExport(ScriptedWindows& dialogs, const QString& name, bool v
     hb::forms::unloadAll();
 }
 
-// The import window on the vCard source with the path typed, Import pressed.
-inline void runVCardImport(const QString& path)
+// The import window on the vCard source with the path typed, Import pressed, and Import in the preview.
+inline void runVCardImport(ScriptedWindows& dialogs, const QString& path)
 {
+    dialogs.onModal([](QWidget& preview) { click(preview, QStringLiteral("CommandImport")); });
     hb::FormImport& w = hb::forms::get<hb::FormImport>();
     w.show();
     QTest::mouseClick(control<QRadioButton>(w, QStringLiteral("OptionImportVCard")), Qt::LeftButton, {}, QPoint(6, 6));
