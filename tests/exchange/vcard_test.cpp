@@ -1,4 +1,5 @@
 #include "exchange/vcard.h"
+#include "exchange/vcardlistings.h"
 
 #include <QElapsedTimer>
 #include <gtest/gtest.h>
@@ -188,4 +189,28 @@ TEST(VCardWriter, WritesWhatItsReaderReadsBackInBothVersions)
         EXPECT_EQ(back.first(QStringLiteral("N"))->components().value(0), QStringLiteral("Smith; Jr"));
         EXPECT_EQ(back.first(QStringLiteral("CATEGORIES"))->list(), QStringList{"Friends, close"});
     }
+}
+
+TEST(VCardHomes, CompareWithoutCaseAccentsBlanksOrPunctuation)
+{
+    using hb::vcardlistings::homeKey;
+    const struct {
+        const char* street;
+        const char* zip;
+        const char* city;
+        bool same;
+    } cases[] = {
+        {"1 Elm Street", "62701", "Springfield", true},
+        {"1 ELM STREET.", "62701", "springfield", true},
+        {"1, Elm  Street", "62 701", "Spring-field", true},
+        {"2 Elm Street", "62701", "Springfield", false},
+        {"1 Elm Street", "62702", "Springfield", false},
+        {"1 Elm Street", "62701", "Shelbyville", false},
+    };
+    const QString home = homeKey(QStringLiteral("1 Elm Street"), QStringLiteral("62701"), QStringLiteral("Springfield"));
+    for (const auto& c : cases)
+        EXPECT_EQ(homeKey(QString::fromUtf8(c.street), QString::fromUtf8(c.zip), QString::fromUtf8(c.city)) == home, c.same) << c.street;
+    EXPECT_EQ(homeKey(QStringLiteral(u"5 Rue Émile-Zola"), QStringLiteral("75001"), QStringLiteral("Paris")),
+              homeKey(QStringLiteral("5 rue emile zola"), QStringLiteral("75001"), QStringLiteral("PARIS")));
+    EXPECT_EQ(homeKey(QString(), QStringLiteral("75001"), QStringLiteral("Paris")), QString()) << "no street, no home";
 }

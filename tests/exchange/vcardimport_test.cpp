@@ -224,6 +224,10 @@ TEST_F(VCardImportTest, BadFilesGiveAClearMessageOrASensibleImport)
         {"only a photo", "BEGIN:VCARD\r\nVERSION:3.0\r\nPHOTO;ENCODING=b;TYPE=JPEG:AAAA\r\nEND:VCARD\r\n",
          summary(0) + QStringLiteral("\r\nRecords without a name, not imported: 1"), 0},
         {"no END", "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Doe;Jane;;;\r\n", summary(1), 1},
+        {"values longer than their fields",
+         "BEGIN:VCARD\r\nVERSION:3.0\r\nN:" + QByteArray(35, 'L') + ";" + QByteArray(25, 'F') + ";;;\r\nADR;TYPE=home:;;1 Elm;"
+             + QByteArray(40, 'C') + ";;;\r\nEND:VCARD\r\n",
+         summary(1) + QStringLiteral("\r\nValues shortened to fit: 5"), 1},
         {"mixed line ends, cut quoted-printable",
          "BEGIN:VCARD\nVERSION:2.1\r\nN:Roe;Rick;;;\rNOTE;ENCODING=QUOTED-PRINTABLE:ab=C", summary(1), 1},
     };
@@ -234,4 +238,19 @@ TEST_F(VCardImportTest, BadFilesGiveAClearMessageOrASensibleImport)
         EXPECT_EQ(lastMessage().text, c.message);
         EXPECT_EQ(roofCount(), c.listings);
     }
+}
+
+TEST_F(VCardImportTest, TenThousandCardsAndATenMegabytePhotoImportWhole)
+{
+    QByteArray bytes = "BEGIN:VCARD\r\nVERSION:2.1\r\nN:Big;Photo;;;\r\nPHOTO;ENCODING=BASE64;JPEG:";
+    for (int i = 0; i < 140000; ++i)
+        bytes += "\r\n " + QByteArray(74, 'A');
+    bytes += "\r\n\r\nEND:VCARD\r\n";
+    for (int i = 1; i < 10000; ++i)
+        bytes += "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Smith" + QByteArray::number(i) + ";Jo;;;\r\nADR;TYPE=home:;;" + QByteArray::number(i)
+               + " Elm St;Springfield;;;\r\nEND:VCARD\r\n";
+    importCards(writeFile(QStringLiteral("many.vcf"), bytes));
+    EXPECT_EQ(previewSummary, QStringLiteral("10000 cards make 10000 listings."));
+    EXPECT_EQ(lastMessage().text, summary(10000));
+    EXPECT_EQ(roofCount(), 10000);
 }
