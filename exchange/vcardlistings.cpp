@@ -249,7 +249,8 @@ CardListing fromCard(const Card& card)
     QStringList listingNotes{textOf(card, ListingNotesProperty)};
     if (r.listing.firm) {
         listingNotes << note << r.extras;
-        r.listing.record.SortName = r.listing.record.SortName.isEmpty() ? r.listing.record.RoofName : r.listing.record.SortName;
+        if (r.listing.record.SortName.isEmpty())
+            r.listing.record.SortName = r.listing.record.RoofName;
     } else if (!r.person.FirstName.isEmpty() || !r.person.LastName.isEmpty()) {
         r.person.Notes = (QStringList{note} + r.extras).join(QLatin1Char('\n')).trimmed();
         r.listing.record.Persons << r.person;
@@ -260,8 +261,7 @@ CardListing fromCard(const Card& card)
     }
     listingNotes.removeAll(QString());
     r.listing.record.Notes = listingNotes.join(QLatin1Char('\n'));
-    ImportRoofRecord& record = r.listing.record;
-    r.listing.homeKey = homeKey(record.Address1, record.Zip, record.City);
+    r.listing.homeKey = homeKey(r.listing.record.Address1, r.listing.record.Zip, r.listing.record.City);
     return r.listing;
 }
 
