@@ -5,6 +5,7 @@
 
 #include "largeworld.h"
 #include "scriptedwindows.h"
+#include "vcarddriver.h"
 #include "windowdriver.h"
 
 #include "core/forms.h"
@@ -150,5 +151,36 @@ void BM_ImportIntoEmptyBook(benchmark::State& state)
     rs.close();
 }
 BENCHMARK(BM_ImportIntoEmptyBook)->Unit(benchmark::kMillisecond)->Iterations(2);
+
+// Every type as contact cards (vCard 3.0), one card per individual.
+void BM_ExportVCards(benchmark::State& state)
+{
+    ExchangeWorld world;
+    const QString file = world.data() + QStringLiteral("backup/Homebook Contacts.vcf");
+    for (auto _ : state)
+        runVCardExport(*world.dialogs, QStringLiteral("Homebook Contacts.vcf"));
+    state.counters["bytes"] = QFileInfo(file).size();
+}
+BENCHMARK(BM_ExportVCards)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// Those cards read back into a book emptied of listings; "same" is 1 when every listing and individual
+// came back field by field.
+void BM_ImportVCardsIntoEmptyBook(benchmark::State& state)
+{
+    ExchangeWorld world;
+    const QStringList before = bookAsText();
+    runVCardExport(*world.dialogs, QStringLiteral("Homebook Contacts.vcf"));
+    for (auto _ : state) {
+        state.PauseTiming();
+        forms::unloadAll();
+        DB.execute(QStringLiteral("delete from Roof"));
+        state.ResumeTiming();
+        runVCardImport(*world.dialogs, world.data() + QStringLiteral("backup/Homebook Contacts.vcf"));
+    }
+    const QStringList after = bookAsText();
+    state.counters["listings"] = after.size();
+    state.counters["same"] = after == before ? 1 : 0;
+}
+BENCHMARK(BM_ImportVCardsIntoEmptyBook)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 } // namespace

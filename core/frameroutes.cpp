@@ -82,29 +82,24 @@ void FrmMDI::PreviewReport()
         preview();
 }
 
-void FrmMDI::mnuBackUp_Click()
+// Back up, restore and the exports share one window, in the mode of the menu item.
+void FrmMDI::showBackupIn(const QString& mode)
 {
     UnloadForms();
-    BackupMode = QStringLiteral("B");
+    BackupMode = mode;
     showBackup();
     UpdateToolbar(QStringLiteral("Update"));
 }
 
-void FrmMDI::mnuRestore_Click()
-{
-    UnloadForms();
-    BackupMode = QStringLiteral("R");
-    showBackup();
-    UpdateToolbar(QStringLiteral("Update"));
-}
+void FrmMDI::mnuBackUp_Click() { showBackupIn(QStringLiteral("B")); }
 
-void FrmMDI::mnuExport_Click()
-{
-    UnloadForms();
-    BackupMode = QStringLiteral("E");
-    showBackup();
-    UpdateToolbar(QStringLiteral("Update"));
-}
+void FrmMDI::mnuRestore_Click() { showBackupIn(QStringLiteral("R")); }
+
+void FrmMDI::mnuExport_Click() { showBackupIn(QStringLiteral("E")); }
+
+void FrmMDI::mnuExportVCards_Click() { showBackupIn(QStringLiteral("V")); }
+
+void FrmMDI::mnuExportBirthdays_Click() { showBackupIn(QStringLiteral("C")); }
 
 void FrmMDI::mnuImport_Click()
 {

@@ -174,7 +174,8 @@ void FrmMDI::menuBlock(const QString& state)
         for (QAction* item : {mnuSearch, button("find"), mnuLabels})
             item->setEnabled(!labels);
     }
-    for (QAction* item : {mnuBackUp, mnuRestore, mnuExport, mnuImport, mnuExitProgram, mnuNameYourOwn})
+    for (QAction* item : {mnuBackUp, mnuRestore, mnuExport, mnuImport, mnuExportVCards, mnuExportBirthdays,
+                          mnuExitProgram, mnuNameYourOwn})
         item->setEnabled(true);
 }
 
@@ -182,7 +183,7 @@ void FrmMDI::menuBlock(const QString& state)
 void FrmMDI::updateMenuBlock()
 {
     for (QAction* item : {mnuPageSetup, mnuPrint, mnuPrinterSetup, mnuBackUp, mnuRestore, mnuExport, mnuImport,
-                          mnuExitProgram, mnuAddress, mnuBirthDates, mnuLabels, mnuNameYourOwn, mnuSearch, button("find")})
+                          mnuExportVCards, mnuExportBirthdays, mnuExitProgram, mnuAddress, mnuBirthDates, mnuLabels, mnuNameYourOwn, mnuSearch, button("find")})
         item->setEnabled(false);
 }
 

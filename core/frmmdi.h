@@ -56,6 +56,7 @@ private:
     QAction* button(const char* key) const;
 
     // Menu routes, in frameroutes.cpp.
+    void showBackupIn(const QString& mode);
     void openListingReport(const QString& reportType, int fontId);
     void mnuPageSetup_Click();
     void mnuPrint_Click();
@@ -63,6 +64,8 @@ private:
     void mnuBackUp_Click();
     void mnuRestore_Click();
     void mnuExport_Click();
+    void mnuExportVCards_Click();
+    void mnuExportBirthdays_Click();
     void mnuImport_Click();
     void mnuExitProgram_Click();
     void mnuAutoDial_Click();
@@ -99,6 +102,7 @@ private:
     QMenu *mnuFile = nullptr, *mnu_Edit = nullptr, *mnuReport = nullptr, *mnuTools = nullptr, *mnuHelp = nullptr;
     QAction *mnuPageSetup = nullptr, *mnuPrint = nullptr, *mnuPrinterSetup = nullptr, *mnuBackUp = nullptr,
             *mnuRestore = nullptr, *mnuExport = nullptr, *mnuImport = nullptr, *mnuExitProgram = nullptr;
+    QAction *mnuExportVCards = nullptr, *mnuExportBirthdays = nullptr;
     QAction *mnu_Font = nullptr, *mnuSearch = nullptr;
     QAction *mnuAddress = nullptr, *mnuPhone = nullptr, *mnuDetails = nullptr, *mnuCustom = nullptr,
             *mnuBirthDates = nullptr, *mnuLabels = nullptr;

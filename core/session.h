@@ -39,7 +39,7 @@ extern qint16 RoofTypeCount;
 
 // Mode words and flags between windows.
 extern QString ReportType;    // one character: A P D C B L M, or a blank
-extern QString BackupMode;    // B R E I
+extern QString BackupMode;    // B R E I, and V C for the exports to other programs
 extern bool AboutAtStart;
 extern bool ToolbarBusy;
 extern bool ReturnToListings;

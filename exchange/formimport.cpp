@@ -73,7 +73,7 @@ bool FormImport::homebookChosen() const { return OptionImportHomebook->isChecked
 
 QString FormImport::currentSource() const
 {
-    for (QRadioButton* option : {OptionImportCD, OptionImportBK, OptionImportQuillon, OptionImportHomebook}) {
+    for (QRadioButton* option : {OptionImportCD, OptionImportBK, OptionImportQuillon, OptionImportHomebook, OptionImportVCard}) {
         if (option->isChecked())
             return option->objectName();
     }
@@ -92,6 +92,8 @@ void FormImport::sourceChosen(const QString& source, bool typeShown)
 void FormImport::OptionImportHomebook_Click() { sourceChosen(OptionImportHomebook->objectName(), false); }
 void FormImport::OptionImportCD_Click() { sourceChosen(OptionImportCD->objectName(), true); }
 void FormImport::OptionImportBK_Click() { sourceChosen(OptionImportBK->objectName(), true); }
+// The type goes to the cards that name no category.
+void FormImport::OptionImportVCard_Click() { sourceChosen(OptionImportVCard->objectName(), true); }
 
 // The sports products leave no known place on this platform: the text stays as it was.
 void FormImport::OptionImportQuillon_Click()
@@ -106,7 +108,8 @@ void FormImport::CommandBrowse_Click()
         {QStringLiteral("OptionImportCD"), QStringLiteral("Comma Delimited Files (*.txt *.csv)")},
         {QStringLiteral("OptionImportBK"), QStringLiteral("Bracketeer Files (*.brk)")},
         {QStringLiteral("OptionImportQuillon"), QStringLiteral("Quillon Files (*.mdb)")},
-        {QStringLiteral("OptionImportHomebook"), QStringLiteral("Homebook Files (*.mdb)")}};
+        {QStringLiteral("OptionImportHomebook"), QStringLiteral("Homebook Files (*.mdb)")},
+        {QStringLiteral("OptionImportVCard"), QStringLiteral("vCard Files (*.vcf *.vcard)")}};
     const QString source = currentSource();
     const QString text = TextFileLocation->text().trimmed();
     QString start = text.isEmpty() ? AppPath : text;
@@ -151,6 +154,8 @@ void FormImport::runSource()
         ImportHB();
     } else if (OptionImportQuillon->isChecked()) {
         ImportQuillon();
+    } else if (OptionImportVCard->isChecked()) {
+        ImportVCard();
     }
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "core/forms.h"
+#include "exchange/vcardlistings.h"
+
+#include <optional>
 
 class QComboBox;
 class QGroupBox;
@@ -32,6 +35,7 @@ public:
     void OptionImportCD_Click();
     void OptionImportBK_Click();
     void OptionImportQuillon_Click();
+    void OptionImportVCard_Click();
     void CommandBrowse_Click();
     void CommandImport_Click();
     void CommandCancel_Click();
@@ -40,6 +44,7 @@ public:
     void ImportBK();
     void ImportHB();
     void ImportQuillon();
+    void ImportVCard();
 
 private:
     void buildControls();
@@ -53,9 +58,10 @@ private:
     qint32 chosenType() const;
     qint32 knownType(const QString& description) const;
     void finishReader(const ImportCounters& counters);
+    std::optional<QVector<vcardlistings::CardListing>> vCardListings();
 
     QGroupBox* Frame2;
-    QRadioButton *OptionImportHomebook, *OptionImportCD, *OptionImportBK, *OptionImportQuillon;
+    QRadioButton *OptionImportHomebook, *OptionImportCD, *OptionImportBK, *OptionImportQuillon, *OptionImportVCard;
     QLabel *Label3, *LabelType;
     QLineEdit* TextFileLocation;
     QComboBox* ComboCategory;

@@ -26,19 +26,20 @@ void FormImport::buildControls()
 {
     using importui::button;
     using importui::place;
-    setFixedSize(ui::px(6840), ui::px(3720));
-    Frame2 = place(new QGroupBox(QStringLiteral("Import Data From"), this), "Frame2", 240, 120, 4320, 1920);
+    setFixedSize(ui::px(6840), ui::px(4080));
+    Frame2 = place(new QGroupBox(QStringLiteral("Import Data From"), this), "Frame2", 240, 120, 4320, 2310);
     OptionImportHomebook =
         option(Frame2, "OptionImportHomebook", "Homebook", "Import from a comma delimited file", 300);
     OptionImportCD = option(Frame2, "OptionImportCD", "Comma Delimited File", "Import from a comma delimited file", 690);
     OptionImportBK = option(Frame2, "OptionImportBK", "Bracketeer", "Import from Bracketeer files", 1080);
     OptionImportQuillon = option(Frame2, "OptionImportQuillon", "Quillon Sports Software", "Import from Quillon files", 1470);
-    Label3 = place(new QLabel(QStringLiteral("Import file location"), this), "Label3", 240, 2200, 3000, 255);
-    TextFileLocation = place(new QLineEdit(this), "TextFileLocation", 240, 2480, 4920, 315);
+    OptionImportVCard = option(Frame2, "OptionImportVCard", "vCard", "Import contact cards (*.vcf, *.vcard)", 1860);
+    Label3 = place(new QLabel(QStringLiteral("Import file location"), this), "Label3", 240, 2590, 3000, 255);
+    TextFileLocation = place(new QLineEdit(this), "TextFileLocation", 240, 2870, 4920, 315);
     TextFileLocation->setToolTip(QStringLiteral("Enter the directory and filename of the file to be imported"));
-    CommandBrowse = button(this, "CommandBrowse", "Browse...", "Click to display a file selection window", 5280, 2460);
-    LabelType = place(new QLabel(QStringLiteral("Type: "), this), "LabelType", 240, 3040, 720, 255);
-    ComboCategory = place(new QComboBox(this), "ComboCategory", 960, 3000, 3600, 315);
+    CommandBrowse = button(this, "CommandBrowse", "Browse...", "Click to display a file selection window", 5280, 2850);
+    LabelType = place(new QLabel(QStringLiteral("Type: "), this), "LabelType", 240, 3430, 720, 255);
+    ComboCategory = place(new QComboBox(this), "ComboCategory", 960, 3390, 3600, 315);
     CommandImport = button(this, "CommandImport", "Import", "Click to begin importing", 5280, 240);
     CommandCancel = button(this, "CommandCancel", "Cancel", "Click to cancel the import", 5280, 720);
     CommandHelp = button(this, "CommandHelp", "Help", "Display help", 5280, 1200);
@@ -50,6 +51,7 @@ void FormImport::connectControls()
     connectHandler(OptionImportCD, &QRadioButton::clicked, this, &FormImport::OptionImportCD_Click);
     connectHandler(OptionImportBK, &QRadioButton::clicked, this, &FormImport::OptionImportBK_Click);
     connectHandler(OptionImportQuillon, &QRadioButton::clicked, this, &FormImport::OptionImportQuillon_Click);
+    connectHandler(OptionImportVCard, &QRadioButton::clicked, this, &FormImport::OptionImportVCard_Click);
     connectHandler(CommandBrowse, &QPushButton::clicked, this, &FormImport::CommandBrowse_Click);
     connectHandler(CommandImport, &QPushButton::clicked, this, &FormImport::CommandImport_Click);
     connectHandler(CommandCancel, &QPushButton::clicked, this, &FormImport::CommandCancel_Click);

@@ -87,7 +87,8 @@ void FrmBackup::setUpMode()
         for (QWidget* w : {static_cast<QWidget*>(lblKeep), static_cast<QWidget*>(spnKeep), static_cast<QWidget*>(chkBackupAtEnd)})
             w->hide();
     }
-    if (BackupMode == QLatin1String("E")) {
+    chkVCard4->setVisible(BackupMode == QLatin1String("V"));
+    if (BackupMode == QLatin1String("E") || BackupMode == QLatin1String("V") || BackupMode == QLatin1String("C")) {
         File1->hide();
         lstDatabase->hide();
         lblPathDesc->hide();
@@ -96,6 +97,15 @@ void FrmBackup::setUpMode()
         lblDatabase->setText(QStringLiteral("Export Address Types:"));
         for (int i = 1; i <= RoofTypeCount; ++i)
             lstTypes->addItem(RoofTypeNames.value(i), RoofTypeNumbers.value(i));
+    }
+    if (BackupMode == QLatin1String("V")) {
+        setWindowTitle(QStringLiteral("Export vCards"));
+        lblFrom->setText(QStringLiteral("Export names and addresses to the following contact file:"));
+        txtFileName->setText(QStringLiteral("Homebook Contacts.vcf"));
+    } else if (BackupMode == QLatin1String("C")) {
+        setWindowTitle(QStringLiteral("Export Birthdays"));
+        lblFrom->setText(QStringLiteral("Export birthdays and anniversaries to the following calendar file:"));
+        txtFileName->setText(QStringLiteral("Homebook Birthdays.ics"));
     }
 }
 
@@ -191,6 +201,10 @@ void FrmBackup::cmdOK_Click()
 {
     if (BackupMode == QLatin1String("E"))
         ExportDatabase();
+    else if (BackupMode == QLatin1String("V"))
+        ExportVCards();
+    else if (BackupMode == QLatin1String("C"))
+        ExportBirthdays();
     else if (BackupMode == QLatin1String("I"))
         ImportDatabase();
     else

@@ -5,6 +5,8 @@
 
 #include <QVector>
 
+#include <functional>
+
 class QCheckBox;
 class QLabel;
 class QSpinBox;
@@ -13,15 +15,20 @@ class QPushButton;
 
 namespace hb {
 
+namespace contactexport {
+struct Listing;
+}
+
 namespace ui {
 class DirListBox;
 class FileListBox;
 class ListBox;
 } // namespace ui
 
-// One window for four jobs, chosen by BackupMode before it is loaded: "B" backs the main database up to
+// One window for six jobs, chosen by BackupMode before it is loaded: "B" backs the main database up to
 // a folder, "R" restores it from one, "E" exports names and addresses of chosen types to an exchange
-// file, "I" imports such a file. A child of the frame; every way out brings the listings window back.
+// file, "I" imports such a file, "V" exports them as contact cards (vCard) and "C" their birthdays and
+// anniversaries as a calendar (iCalendar). A child of the frame; every way out brings the listings window back.
 class FrmBackup : public Form {
     Q_OBJECT
 public:
@@ -38,6 +45,9 @@ public:
     // The export and import of names, in exportdatabase.cpp and importdatabase.cpp.
     void ExportDatabase();
     void ImportDatabase();
+    // The exports to other programs, in exportcontacts.cpp.
+    void ExportVCards();
+    void ExportBirthdays();
     void ExportProgramVersion();
     void ExportRoofType();
     void ExportRoofPerson();
@@ -70,6 +80,12 @@ private:
     void spnKeep_Change();
 
     bool writeExport(const QString& shell, const QString& target);
+    // The bytes of an export to another program, and how many cards or events they hold.
+    using ContactFile = std::function<QByteArray(const QVector<contactexport::Listing>&, int& count)>;
+    void runContactExport(const QString& extension, const ContactFile& make);
+    bool contactExportTarget(const QString& extension, QString& target);
+    bool writeContactFile(const QString& target, const QByteArray& bytes);
+    QVector<qint32> chosenTypes() const;
 
     // Steps of the import, in importdatabase.cpp.
     void importRows();
@@ -81,6 +97,7 @@ private:
 
     QLabel *lblFrom, *lblPathDesc, *lblDatabase, *lblTo, *Label1, *lblMessage, *lblKeep;
     QCheckBox* chkBackupAtEnd;
+    QCheckBox* chkVCard4;   // vCard 4.0 instead of the 3.0 that every phone reads
     QSpinBox* spnKeep;
     ui::ListBox *lstDatabase, *lstTypes;
     ui::DirListBox* Dir1;

@@ -43,6 +43,9 @@ void FrmBackup::buildControls()
     chkBackupAtEnd->setToolTip(QStringLiteral("When a session has changed the address book, a dated backup is made "
                                               "in the data folder's backup folder as the program ends"));
 
+    chkVCard4 = ui::placed(new QCheckBox(QStringLiteral("vCard &4.0"), this), "chkVCard4", 120, 5130, 3060, 315);
+    chkVCard4->setToolTip(QStringLiteral("Write vCard 4.0; leave it off for vCard 3.0, which every phone and mail program reads"));
+
     lblMessage = ui::placed(new QLabel(this), "lblMessage", 120, 4560, 6240, 255);
     cmdOK = ui::placed(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 3300, 5100, 1380, 375);
     cmdOK->setDefault(true);

@@ -183,7 +183,9 @@ QString ImportSummaryText(const ImportCounters& counters)
         .arg(counters.Replaced)
         .arg(counters.DuplicatesAdded)
         + (counters.Shortened > 0 ? QStringLiteral("\r\nValues shortened to fit: %1").arg(counters.Shortened) : QString())
-        + (counters.NotDates > 0 ? QStringLiteral("\r\nValues not read as dates: %1").arg(counters.NotDates) : QString());
+        + (counters.NotDates > 0 ? QStringLiteral("\r\nValues not read as dates: %1").arg(counters.NotDates) : QString())
+        + (counters.Unnamed > 0 ? QStringLiteral("\r\nRecords without a name, not imported: %1").arg(counters.Unnamed)
+                                : QString());
 }
 
 void ShowImportSummary(const ImportCounters& counters)

@@ -17,6 +17,7 @@ namespace hb {
 struct ImportPersonRecord {
     QString FirstName, LastName, Work, WorkPhone, Email;
     QString BirthDate;       // a date as text, read as the listing's dates are
+    QString Notes;
 };
 
 // What a reader fills for one source row.
@@ -44,6 +45,7 @@ struct ImportCounters {
     qint32 Replaced = 0;
     qint32 Shortened = 0;   // values cut to the length of their field
     qint32 NotDates = 0;    // dates that did not read as dates, so were not written
+    qint32 Unnamed = 0;     // records without any name, not written
 };
 
 // The standing answer of an import: "", "SkipAllDuplicates", "ReplaceAllDuplicates", "AddAllDuplicates",

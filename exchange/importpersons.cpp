@@ -58,7 +58,7 @@ Person fromRecord(const ImportPersonRecord& found, std::optional<importdates::Or
     person.values = {found.FirstName.trimmed(), found.LastName.trimmed(), found.Work.trimmed(),
                      found.WorkPhone.trimmed(), birth ? QVariant(*birth) : QVariant(),
                      birth ? birth->date().month() : 0, birth ? birth->date().day() : 0, found.Email.trimmed(),
-                     QString()};
+                     found.Notes.trimmed()};
     fitTexts(person);
     return person;
 }

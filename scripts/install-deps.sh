@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build pkg-config ccache
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev libgl1-mesa-dev
-  libsqlite3-dev sqlite3 libcsv-dev mdbtools-dev libphonenumber-dev
+  libsqlite3-dev sqlite3 libcsv-dev mdbtools-dev libphonenumber-dev libical-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core fonts-liberation2 adwaita-icon-theme
   poppler-utils xvfb xauth
@@ -17,6 +17,8 @@ packages=(
 optional=(cups printer-driver-cups-pdf)
 # The label sheets of many makers; without them the program offers its own catalogue only.
 optional+=(glabels-data)
+# A second reader of the calendar of birthdays; without it that check is skipped.
+optional+=(python3-icalendar)
 
 missing_of() {
   for p in "$@"; do

@@ -15,7 +15,7 @@ const QStringList menuItems = {"mnuPageSetup", "mnuPrint",    "mnuPrinterSetup",
                                "mnuExport",    "mnuImport",   "mnuExitProgram",  "mnu_Font",       "mnuSearch",
                                "mnuAddress",   "mnuPhone",    "mnuDetails",      "mnuCustom",      "mnuBirthDates",
                                "mnuLabels",    "mnuAutoDial", "mnuNameYourOwn",  "mnu_Options",    "mnuGettingStarted",
-                               "mnuFAQ",       "mnuAbout"};
+                               "mnuFAQ",       "mnuAbout",    "mnuExportVCards", "mnuExportBirthdays"};
 const QStringList buttonKeys = {"Address", "Phone", "Detail", "Custom", "Birthdays", "Labels", "find", "Print",
                                 "Bold",    "Italic", "Left",  "Center", "Right",     "Grid",   "Help"};
 
@@ -37,7 +37,7 @@ constexpr const char* plainButtons = "Print Bold Italic Left Center Right Grid c
 constexpr const char* labelItems = "mnuPageSetup mnuPrint mnuPrinterSetup mnu_Font mnuSearch mnuLabels";
 constexpr const char* labelButtons = "Print Bold Italic Left Center Right Grid cmbFonts cmbFontSize find Labels";
 constexpr const char* updateItems = "mnuPageSetup mnuPrint mnuPrinterSetup mnuBackUp mnuRestore mnuExport mnuImport "
-                                    "mnuExitProgram mnuAddress mnuBirthDates mnuLabels mnuNameYourOwn mnuSearch mnu_Font";
+                                    "mnuExportVCards mnuExportBirthdays mnuExitProgram mnuAddress mnuBirthDates mnuLabels mnuNameYourOwn mnuSearch mnu_Font";
 constexpr const char* updateButtons = "find Address Birthdays Labels Print Bold Italic Left Center Right Grid "
                                       "cmbFonts cmbFontSize";
 

@@ -128,7 +128,9 @@ TEST_F(FrameRoutesTest, BirthdayLabelAndUpdateRoutesSetTheirModes)
     EXPECT_FALSE(action(QStringLiteral("Labels"))->isEnabled());
     EXPECT_FALSE(action(QStringLiteral("mnu_Font"))->isEnabled());
 
-    const std::pair<const char*, const char*> modes[] = {{"mnuBackUp", "B"}, {"mnuRestore", "R"}, {"mnuExport", "E"}};
+    const std::pair<const char*, const char*> modes[] = {{"mnuBackUp", "B"},       {"mnuRestore", "R"},
+                                                         {"mnuExport", "E"},       {"mnuExportVCards", "V"},
+                                                         {"mnuExportBirthdays", "C"}};
     for (const auto& [item, mode] : modes) {
         ASSERT_TRUE(trigger(QString::fromLatin1(item)));
         EXPECT_EQ(BackupMode, QString::fromLatin1(mode));

@@ -12,6 +12,7 @@
 #include "exchange/frmbackup.h"
 #include "platform/storage/database.h"
 #include "platform/ui/folderlists.h"
+#include "platform/ui/listbox.h"
 #include "tools/formabout.h"
 #include "storagenames.h"
 
@@ -120,6 +121,30 @@ protected:
     }
 
     bool pressOK(hb::FrmBackup& w) { return press(w, "cmdOK"); }
+
+    // Opens an export window from its menu item, picks the folder, types the name and clicks the types;
+    // then before (when given) and OK, with the answer queued for a question.
+    bool exportThrough(const QString& menu, const QString& folder, const QString& name, const QStringList& types,
+                       int answer = -1, const std::function<void(hb::FrmBackup&)>& before = {})
+    {
+        hb::FrmBackup& w = openWindow(menu);
+        goToFolder(w, folder);
+        auto* edit = part<QLineEdit>(w, "txtFileName");
+        edit->setFocus();
+        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+        if (name.isEmpty())
+            QTest::keyClick(edit, Qt::Key_Delete);
+        else
+            QTest::keyClicks(edit, name);
+        auto* list = part<hb::ui::ListBox>(w, "lstTypes");
+        for (const QString& type : types)
+            clickRow(list, rowOf(list, type));
+        if (before)
+            before(w);
+        if (answer >= 0)
+            dialogs().answer(answer);
+        return pressOK(w);
+    }
     bool press(QWidget& w, const char* button)
     {
         return guarded([&] { QTest::mouseClick(part<QAbstractButton>(w, button), Qt::LeftButton); });

@@ -32,24 +32,9 @@ protected:
         folder = otherFolder(QStringLiteral("exchange"));
     }
 
-    // Opens the window, picks the folder, types the name and clicks the types, then OK.
     bool exportNames(const QString& name, const QStringList& types, int answer = -1)
     {
-        FrmBackup& w = openWindow(QStringLiteral("mnuExport"));
-        goToFolder(w, folder);
-        auto* edit = part<QLineEdit>(w, "txtFileName");
-        edit->setFocus();
-        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-        if (name.isEmpty())
-            QTest::keyClick(edit, Qt::Key_Delete);
-        else
-            QTest::keyClicks(edit, name);
-        auto* list = part<ui::ListBox>(w, "lstTypes");
-        for (const QString& type : types)
-            clickRow(list, rowOf(list, type));
-        if (answer >= 0)
-            dialogs().answer(answer);
-        return pressOK(w);
+        return exportThrough(QStringLiteral("mnuExport"), folder, name, types, answer);
     }
     QString file(const QString& name) const { return folder + QLatin1Char('/') + name; }
     bool scratchThere() const { return QFileInfo::exists(dataDir() + QStringLiteral("varloTemp.mdb")); }

@@ -83,7 +83,8 @@ TEST_F(FormImportTest, BrowseListsAllFilesFirstWithTheSourcesFilterInForce)
     } sources[] = {{"OptionImportCD", "Comma Delimited Files (*.txt *.csv)"},
                    {"OptionImportBK", "Bracketeer Files (*.brk)"},
                    {"OptionImportQuillon", "Quillon Files (*.mdb)"},
-                   {"OptionImportHomebook", "Homebook Files (*.mdb)"}};
+                   {"OptionImportHomebook", "Homebook Files (*.mdb)"},
+                   {"OptionImportVCard", "vCard Files (*.vcf *.vcard)"}};
     dialogs().onModal([&](QWidget& w) {
         for (const auto& s : sources) {
             QTest::mouseClick(control<QRadioButton>(w, QString::fromLatin1(s.option)), Qt::LeftButton, {}, QPoint(6, 6));

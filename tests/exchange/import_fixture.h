@@ -57,9 +57,14 @@ protected:
     // The fields of the listings of a name, in the order of their numbers.
     static QList<QVariantMap> listings(const QString& name)
     {
-        Recordset rs = hb::DB.openRecordset(QStringLiteral("select * from Roof where RoofName = '")
-                                            + QString(name).replace(QLatin1Char('\''), QStringLiteral("''"))
-                                            + QStringLiteral("' order by RoofNumber"));
+        return rowsOf(QStringLiteral("select * from Roof where RoofName = '")
+                      + QString(name).replace(QLatin1Char('\''), QStringLiteral("''")) + QStringLiteral("' order by RoofNumber"));
+    }
+
+    // Each row of a statement as its fields by lower-cased name.
+    static QList<QVariantMap> rowsOf(const QString& sql)
+    {
+        Recordset rs = hb::DB.openRecordset(sql);
         QList<QVariantMap> rows;
         for (; !rs.eof(); rs.moveNext()) {
             QVariantMap row;
