@@ -20,23 +20,25 @@ void LabelControl::recheck()
 {
     fits_ = QVector<PieceFit>(pieces_.size(), PieceFit::Fits);
     checked_ = 0;
+    ++checkRun_;
     if (pieces_.isEmpty()) {
         emit checkDone();
         return;
     }
-    QTimer::singleShot(0, this, &LabelControl::checkSlice);
+    const int run = checkRun_;
+    QTimer::singleShot(0, this, [this, run] { checkSlice(run); });
 }
 
-void LabelControl::checkSlice()
+void LabelControl::checkSlice(int run)
 {
-    // A reload or another recheck meanwhile has started the count again; a stale slice only continues it.
-    if (fits_.size() != pieces_.size() || !checking())
+    // A later recheck, or pieces added since, end this run.
+    if (run != checkRun_ || fits_.size() != pieces_.size() || !checking())
         return;
     const qsizetype end = std::min(pieces_.size(), checked_ + PiecesPerSlice);
     for (; checked_ < end; ++checked_)
         fits_[checked_] = pieceFit(sheet_, items_, pieces_.at(checked_));
     if (checking()) {
-        QTimer::singleShot(0, this, &LabelControl::checkSlice);
+        QTimer::singleShot(0, this, [this, run] { checkSlice(run); });
         return;
     }
     update();

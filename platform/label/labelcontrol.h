@@ -101,7 +101,7 @@ protected:
 private:
     void updateSize();
     void moveToPage(int page);
-    void checkSlice();
+    void checkSlice(int run);
     void paintMarks(QPainter& painter, int page) const;
     double scale() const;   // screen pixels per point
 
@@ -113,6 +113,7 @@ private:
     int skipped_ = 0;
     QVector<PieceFit> fits_;
     qsizetype checked_ = 0;
+    int checkRun_ = 0;        // each recheck starts a new run of slices; the older ones stop
     int shown_ = 0;           // the piece last asked for by showPiece, marked until the pieces change
     int zoom_ = 100;
     bool redraw_ = true;
