@@ -141,7 +141,9 @@ void FrmMailIt::LoadMailIt()
     ezLabel1->setRedraw(false);
     ezLabel1->sheetMode = 1;
     LabelsRS = DB.openRecordset(QStringLiteral("RptLabels"));
+    QVector<int> roofOfPiece;
     for (; !LabelsRS.eof(); LabelsRS.moveNext()) {
+        roofOfPiece.append(LabelsRS.value(QStringLiteral("RoofNumber")).toInt());
         QString zip;
         const QString piece = PieceText(LabelsRS, options, zip);
         ezLabel1->pieceData = QStringLiteral("thedata^") + QString(piece).replace(QLatin1Char('"'), QLatin1Char('\''));
@@ -155,6 +157,8 @@ void FrmMailIt::LoadMailIt()
     ezLabel1->setRedraw(true);
     ezLabel1->setVisible(true);
     ezLabel1->loading = false;
+    markRepeatedListings(roofOfPiece);
+    ezLabel1->recheck();
     DebugLog(QStringLiteral("About to Show Form Mailit"));
     comeBackOnTop();
     setFormVisible(true);
@@ -186,6 +190,7 @@ void FrmMailIt::RefreshEZLabel()
     }
     QCoreApplication::processEvents();
     ezLabel1->setRedraw(true);
+    ezLabel1->recheck();
 }
 
 void FrmMailIt::UpdatePageDisplay()

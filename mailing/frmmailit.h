@@ -2,9 +2,14 @@
 
 #include "core/forms.h"
 
+#include <QVector>
+
+#include <utility>
+
 class QCheckBox;
 class QComboBox;
 class QLabel;
+class QListWidget;
 class QPushButton;
 class QScrollArea;
 
@@ -56,6 +61,7 @@ public:
     void ezLabel1_Change(int what);
     void CommandStartAt_Click();
     void CommandCalibrate_Click();
+    void lstCheck_Click();
     void chkOutlines_Click();
 
 private:
@@ -66,6 +72,8 @@ private:
     void loadFrameFont();
     void comeBackOnTop();
     void useStoredStart();
+    void markRepeatedListings(const QVector<int>& roofOfPiece);
+    void fillCheckList();
     void showStart();
     void logCatalogueProblems();
     void setWaitPointer(bool on);
@@ -78,6 +86,8 @@ private:
         *CommandClose, *cmdBack, *cmdSelect, *cmdClose, *CommandStartAt, *CommandCalibrate;
     QComboBox* cmbPageTop;
     QCheckBox* chkOutlines;
+    QListWidget* lstCheck;
+    QVector<std::pair<int, int>> repeats_;   // a piece and the earlier piece of the same listing
 };
 
 } // namespace hb

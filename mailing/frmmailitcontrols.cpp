@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QScrollArea>
 
@@ -59,6 +60,15 @@ void FrmMailIt::buildControls()
     chkOutlines->setObjectName(QStringLiteral("chkOutlines"));
     chkOutlines->setToolTip(QStringLiteral("Print the edges of the labels, to test on plain paper"));
 
+    lstCheck = new QListWidget(this);
+    lstCheck->setObjectName(QStringLiteral("lstCheck"));
+    lstCheck->setToolTip(QStringLiteral("Labels to look at before paper is used; click one to see it"));
+    lstCheck->setFlow(QListView::LeftToRight);
+    lstCheck->setWrapping(false);
+    lstCheck->setSpacing(4);
+    lstCheck->setFixedHeight(lstCheck->fontMetrics().height() + 24);
+    lstCheck->setVisible(false);
+
     ezLabel1 = new label::LabelControl;
     scroller = new QScrollArea(this);
     scroller->setObjectName(QStringLiteral("ezLabelArea"));
@@ -82,7 +92,8 @@ void FrmMailIt::buildControls()
     actions->addStretch();
     grid->addLayout(pages, 0, 0);
     grid->addLayout(actions, 1, 0);
-    grid->addWidget(scroller, 2, 0);
+    grid->addWidget(lstCheck, 2, 0);
+    grid->addWidget(scroller, 3, 0);
     resize(980, 760);
     setMinimumHeight(200);
 }
@@ -107,6 +118,8 @@ void FrmMailIt::connectControls()
     connectHandler(ezLabel1, &label::LabelControl::changed, this, &FrmMailIt::ezLabel1_Change);
     connectHandler(CommandStartAt, &QPushButton::clicked, this, &FrmMailIt::CommandStartAt_Click);
     connectHandler(CommandCalibrate, &QPushButton::clicked, this, &FrmMailIt::CommandCalibrate_Click);
+    connectHandler(lstCheck, &QListWidget::itemClicked, this, &FrmMailIt::lstCheck_Click);
+    connectHandler(ezLabel1, &label::LabelControl::checkDone, this, &FrmMailIt::fillCheckList);
     connectHandler(chkOutlines, &QCheckBox::clicked, this, &FrmMailIt::chkOutlines_Click);
 }
 

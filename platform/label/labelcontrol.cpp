@@ -46,6 +46,10 @@ int LabelControl::nextStartPosition() const
 void LabelControl::clearPieces()
 {
     pieces_.clear();
+    fits_.clear();
+    checked_ = 0;
+    shown_ = 0;
+    repeated.clear();
     currentPiece_ = 1;
     if (redraw_)
         update();
@@ -117,6 +121,7 @@ void LabelControl::paintEvent(QPaintEvent*)
     content.outlines = true;
     content.skipped = skipped_;
     paintPage(painter, content);
+    paintMarks(painter, content.page);
 }
 
 } // namespace hb::label

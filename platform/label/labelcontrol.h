@@ -4,6 +4,7 @@
 // a page at a time with zoom, printed through the printer dialog to any printer or to PDF.
 
 #include "platform/label/calibration.h"
+#include "platform/label/pagerenderer.h"
 #include "platform/label/pieceitems.h"
 #include "platform/label/sheet.h"
 
@@ -61,6 +62,16 @@ public:
     bool printOutlines = false;         // the edges of the pieces on paper too, to test a sheet on plain paper
     QString printerName;                // offered by the printer dialog; the one chosen there afterwards
 
+    // Before paper is used: each piece's fit, worked out a slice at a time while the window is idle after
+    // recheck(), which a change of pieces, items or sheet calls for; checkDone() when all are known.
+    void recheck();
+    bool checking() const { return checked_ < pieces_.size(); }
+    PieceFit fitOf(int piece) const { return fits_.value(piece - 1, PieceFit::Fits); }   // 1-based
+    // Pieces marked in the preview besides those that do not fit, 1-based: the same listing twice.
+    QVector<int> repeated;
+    // Shows the page of a piece with the piece marked.
+    void showPiece(int piece);
+
     PieceItems& items() { return items_; }
     TextItem& item(int number) { return items_.item(number); }
 
@@ -82,6 +93,7 @@ public:
 signals:
     // 10: the piece was changed, 11: the items were changed.
     void changed(int what);
+    void checkDone();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -89,6 +101,8 @@ protected:
 private:
     void updateSize();
     void moveToPage(int page);
+    void checkSlice(int run);
+    void paintMarks(QPainter& painter, int page) const;
     double scale() const;   // screen pixels per point
 
     const SheetCatalogue* catalogue_;
@@ -97,6 +111,10 @@ private:
     PieceItems items_;
     int currentPiece_ = 1;
     int skipped_ = 0;
+    QVector<PieceFit> fits_;
+    qsizetype checked_ = 0;
+    int checkRun_ = 0;        // each recheck starts a new run of slices; the older ones stop
+    int shown_ = 0;           // the piece last asked for by showPiece, marked until the pieces change
     int zoom_ = 100;
     bool redraw_ = true;
 };

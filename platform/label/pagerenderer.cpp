@@ -54,11 +54,17 @@ double fit(const QStringList& lines, const QFont& font, double width, double hei
     return size;
 }
 
-void paintText(QPainter& painter, const QRectF& box, const QString& text, const QFont& font, bool centred)
+QStringList printedLines(const QString& text)
 {
     QStringList lines = textLines(text);
     while (!lines.isEmpty() && lines.last().trimmed().isEmpty())
         lines.removeLast();
+    return lines;
+}
+
+void paintText(QPainter& painter, const QRectF& box, const QString& text, const QFont& font, bool centred)
+{
+    const QStringList lines = printedLines(text);
     if (lines.isEmpty() || box.width() <= 0 || box.height() <= 0)
         return;
     QSizeF block;
@@ -98,15 +104,19 @@ void paintStamp(QPainter& painter, const QRectF& box)
     painter.restore();
 }
 
+// An item's box on a piece: its fractions of the area inside the piece's margin.
+QRectF itemBox(const Sheet& sheet, const QRectF& piece, const QRectF& f)
+{
+    const QRectF inner = piece.adjusted(sheet.margin, sheet.margin, -sheet.margin, -sheet.margin);
+    return QRectF(inner.left() + f.x() * inner.width(), inner.top() + f.y() * inner.height(), f.width() * inner.width(),
+                  f.height() * inner.height());
+}
+
 void paintPiece(QPainter& painter, const PageContent& c, const QRectF& piece, const QString& data)
 {
     if (c.outlines)
         paintOutline(painter, *c.sheet, piece);
-    const QRectF inner = piece.adjusted(c.sheet->margin, c.sheet->margin, -c.sheet->margin, -c.sheet->margin);
-    auto place = [&](const QRectF& f) {
-        return QRectF(inner.left() + f.x() * inner.width(), inner.top() + f.y() * inner.height(),
-                      f.width() * inner.width(), f.height() * inner.height());
-    };
+    auto place = [&](const QRectF& f) { return itemBox(*c.sheet, piece, f); };
     for (int i = 1; i <= 7; ++i) {
         const TextItem& item = c.items->item(i);
         if (!item.visible)
@@ -138,6 +148,27 @@ QStringList textLines(const QString& text)
     }
     lines << text.mid(start);
     return lines;
+}
+
+PieceFit pieceFit(const Sheet& sheet, const PieceItems& items, const QString& data)
+{
+    const QRectF piece(QPointF(), QSizeF(sheet.width, sheet.height));
+    PieceFit worst = PieceFit::Fits;
+    for (const TextItem& item : items.items) {
+        if (!item.visible || item.text.isEmpty())
+            continue;
+        const QStringList lines = printedLines(mergePieceData(item.text, data));
+        const QRectF box = itemBox(sheet, piece, item.box);
+        if (lines.isEmpty() || box.width() <= 0 || box.height() <= 0)
+            continue;
+        QSizeF block;
+        const double size = fit(lines, item.font, box.width(), box.height(), block);
+        if (block.width() > box.width() || block.height() > box.height())
+            return PieceFit::Cut;
+        if (size < basePoints(item.font))
+            worst = PieceFit::Shrunk;
+    }
+    return worst;
 }
 
 double fittedPointSize(const QStringList& lines, const QFont& font, double width, double height)

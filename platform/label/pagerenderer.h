@@ -22,6 +22,10 @@ constexpr double MinimumTextPoints = 6.0;
 // when they fit, otherwise smaller, but not below MinimumTextPoints.
 double fittedPointSize(const QStringList& lines, const QFont& font, double width, double height);
 
+// How the text of a piece fits its items: as set, made smaller, or cut even at the smallest size.
+enum class PieceFit : unsigned char { Fits, Shrunk, Cut };
+PieceFit pieceFit(const Sheet& sheet, const PieceItems& items, const QString& data);
+
 struct PageContent {
     const Sheet* sheet = nullptr;
     const QStringList* pieces = nullptr;   // the data text of every piece
