@@ -20,7 +20,7 @@ namespace hb {
 namespace {
 
 // Beyond this a file is no address book but something else with the name of one.
-constexpr qint64 LargestFile = qint64(512) * 1024 * 1024;
+constexpr qint64 LargestFile = qint64(256) * 1024 * 1024;
 
 void refuse(const QString& text)
 {

@@ -61,10 +61,12 @@ bool isQuotedPrintable(const QByteArray& line)
 }
 
 // Folded lines joined: a line that begins with a blank or tab continues the one before; in 2.1, a
-// quoted-printable value that ends in "=" goes on in the next line whatever it begins with.
+// quoted-printable value that ends in "=" goes on in the next line whatever it begins with. Whether a
+// value is quoted-printable is read once, from its first line, so that no line is read twice.
 QVector<QByteArray> contentLines(const QVector<QByteArray>& lines)
 {
     QVector<QByteArray> joined;
+    bool quotedPrintable = false;
     bool softBreak = false;
     for (const QByteArray& line : lines) {
         // A cut value does not swallow the end of its card.
@@ -77,8 +79,9 @@ QVector<QByteArray> contentLines(const QVector<QByteArray>& lines)
             joined.back() += line.mid(1);
         } else if (!line.trimmed().isEmpty()) {
             joined << line;
+            quotedPrintable = isQuotedPrintable(line);
         }
-        softBreak = !joined.isEmpty() && joined.back().endsWith('=') && isQuotedPrintable(joined.back());
+        softBreak = quotedPrintable && !joined.isEmpty() && joined.back().endsWith('=');
     }
     return joined;
 }
