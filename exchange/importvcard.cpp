@@ -88,6 +88,10 @@ std::optional<QVector<vcardlistings::CardListing>> FormImport::vCardListings()
         return std::nullopt;
     }
     const vcard::ReadResult read = vcard::read(file.readAll());
+    if (read.tooLarge) {
+        refuse(QStringLiteral("This file is too large to be a vCard file.  Import was cancelled."));
+        return std::nullopt;
+    }
     if (!read.isVCard) {
         refuse(QStringLiteral("This file does not appear to be a valid vCard file.  Import was cancelled."));
         return std::nullopt;
