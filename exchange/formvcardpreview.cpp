@@ -14,7 +14,7 @@ namespace hb {
 
 FormVCardPreview::FormVCardPreview() : Form(staticFormName(), false)
 {
-    SetHelpContext(*this, QStringLiteral("2550"));
+    SetHelpContext(*this, QStringLiteral("2565"));
     setWindowFlags(Qt::Dialog);
     setWindowTitle(QStringLiteral("vCard Import Preview"));
     setFixedSize(ui::px(9600), ui::px(6000));

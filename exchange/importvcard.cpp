@@ -20,7 +20,7 @@ namespace hb {
 namespace {
 
 // Beyond this a file is no address book but something else with the name of one.
-constexpr qint64 LargestFile = qint64(512) * 1024 * 1024;
+constexpr qint64 LargestFile = qint64(256) * 1024 * 1024;
 
 void refuse(const QString& text)
 {
@@ -88,6 +88,10 @@ std::optional<QVector<vcardlistings::CardListing>> FormImport::vCardListings()
         return std::nullopt;
     }
     const vcard::ReadResult read = vcard::read(file.readAll());
+    if (read.tooLarge) {
+        refuse(QStringLiteral("This file is too large to be a vCard file.  Import was cancelled."));
+        return std::nullopt;
+    }
     if (!read.isVCard) {
         refuse(QStringLiteral("This file does not appear to be a valid vCard file.  Import was cancelled."));
         return std::nullopt;

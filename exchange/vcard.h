@@ -45,6 +45,7 @@ struct Card {
 struct ReadResult {
     QVector<Card> cards;
     bool isVCard = false;                  // a BEGIN:VCARD was found
+    bool tooLarge = false;                 // more lines than any address book holds: reading stopped
 };
 
 ReadResult read(const QByteArray& bytes);

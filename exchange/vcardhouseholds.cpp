@@ -3,6 +3,7 @@
 #include "exchange/vcardlistings.h"
 
 #include <QHash>
+#include <QSet>
 
 namespace hb::vcardlistings {
 
@@ -51,9 +52,12 @@ void keepDifferences(ImportRoofRecord& listing, const CardListing& card, ImportP
 std::pair<QString, QString> householdNames(const QVector<ImportPersonRecord>& persons)
 {
     QStringList lasts;
+    QSet<QString> seen;
     for (const ImportPersonRecord& person : persons) {
-        if (!lasts.contains(person.LastName))
+        if (!seen.contains(person.LastName)) {
+            seen.insert(person.LastName);
             lasts << person.LastName;
+        }
     }
     QStringList firsts;
     if (lasts.size() == 1) {

@@ -3,6 +3,8 @@
 
 #include "exchange/vcardlistings.h"
 
+#include <QHash>
+
 namespace hb::vcardlistings {
 
 namespace {
@@ -10,25 +12,27 @@ namespace {
 using vcard::Card;
 using vcard::Property;
 
-// Apple's grouped labels ("item1.X-ABLabel:_$!<HomePage>!$_") name what their group holds.
-QString groupLabel(const Card& card, const Property& property)
+using GroupLabels = QHash<QString, QString>;
+
+// Apple's grouped labels ("item1.X-ABLabel:_$!<HomePage>!$_") name what their group holds. Read once
+// per card, so that a card of many grouped lines takes no longer than their number.
+GroupLabels groupLabels(const Card& card)
 {
-    if (property.group.isEmpty())
-        return {};
-    for (const Property& other : card.properties) {
-        if (other.group == property.group && other.name == QLatin1String("X-ABLABEL"))
-            return other.text().remove(QStringLiteral("_$!<")).remove(QStringLiteral(">!$_"));
+    GroupLabels labels;
+    for (const Property& property : card.properties) {
+        if (!property.group.isEmpty() && property.name == QLatin1String("X-ABLABEL") && !labels.contains(property.group))
+            labels.insert(property.group, property.text().remove(QStringLiteral("_$!<")).remove(QStringLiteral(">!$_")));
     }
-    return {};
+    return labels;
 }
 
-QString labelled(const Card& card, const Property& property, const QString& label)
+QString labelled(const GroupLabels& labels, const Property& property, const QString& label)
 {
     QStringList kinds = property.types();
     kinds.removeAll(QStringLiteral("pref"));
     kinds.removeAll(QStringLiteral("voice"));
     kinds.removeAll(QStringLiteral("internet"));
-    const QString group = groupLabel(card, property);
+    const QString group = property.group.isEmpty() ? QString() : labels.value(property.group);
     if (!group.isEmpty())
         kinds = QStringList{group};
     return kinds.isEmpty() ? label + QStringLiteral(": ") : label + QStringLiteral(" (") + kinds.join(QStringLiteral(", ")) + QStringLiteral("): ");
@@ -43,6 +47,7 @@ QString phoneText(const Property& property)
 
 struct Reading {
     const Card& card;
+    GroupLabels labels;
     CardListing listing;
     ImportPersonRecord person;
     QStringList extras;
@@ -55,7 +60,7 @@ struct Reading {
         if (field.isEmpty())
             field = value;
         else if (field != value)
-            extras << labelled(card, property, label) + value;
+            extras << labelled(labels, property, label) + value;
     }
 };
 
@@ -82,7 +87,7 @@ void readAddress(Reading& r)
             for (const QString& part : parts)
                 if (!part.trimmed().isEmpty())
                     filled << part.simplified();
-            r.extras << labelled(r.card, *address, QStringLiteral("Address")) + filled.join(QStringLiteral(", "));
+            r.extras << labelled(r.labels, *address, QStringLiteral("Address")) + filled.join(QStringLiteral(", "));
             continue;
         }
         QStringList street = parts.value(2).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -114,7 +119,7 @@ void readPhones(Reading& r)
         else if (types.contains(QStringLiteral("fax")))
             r.place(record.Fax, number, *tel, QStringLiteral("Phone"));
         else if (types.contains(QStringLiteral("pager")))
-            r.extras << labelled(r.card, *tel, QStringLiteral("Phone")) + number;
+            r.extras << labelled(r.labels, *tel, QStringLiteral("Phone")) + number;
         else if (types.contains(QStringLiteral("work")) && !r.listing.firm)
             r.place(r.person.WorkPhone, number, *tel, QStringLiteral("Phone"));
         else
@@ -140,7 +145,7 @@ void readEmails(Reading& r)
         else if (email == work)
             r.person.Email = email->text().trimmed();
         else
-            r.extras << labelled(r.card, *email, QStringLiteral("E-mail")) + email->text().trimmed();
+            r.extras << labelled(r.labels, *email, QStringLiteral("E-mail")) + email->text().trimmed();
     }
 }
 
@@ -201,7 +206,7 @@ void readOthers(Reading& r)
         {"URL", "Web"}, {"NICKNAME", "Nickname"}, {"ROLE", "Role"}, {"IMPP", "Chat"}, {"X-SKYPE", "Skype"}};
     for (const auto& [name, label] : noted) {
         for (const Property* property : r.card.all(QString::fromLatin1(name)))
-            r.extras << labelled(r.card, *property, QString::fromLatin1(label)) + property->text().trimmed();
+            r.extras << labelled(r.labels, *property, QString::fromLatin1(label)) + property->text().trimmed();
     }
     for (const char* name : {"ANNIVERSARY", "X-ANNIVERSARY", "X-MS-ANNIVERSARY", "X-EVOLUTION-ANNIVERSARY"}) {
         if (r.listing.record.Anniversary.isEmpty())
@@ -232,7 +237,7 @@ QString homeKey(const QString& street, const QString& zip, const QString& city)
 
 CardListing fromCard(const Card& card)
 {
-    Reading r{card, {}, {}, {}};
+    Reading r{card, groupLabels(card), {}, {}, {}};
     r.listing.firm = readsAsFirm(card);
     r.listing.record.RoofName = textOf(card, ListingProperty);
     r.listing.named = !r.listing.record.RoofName.isEmpty();

@@ -4,9 +4,15 @@
 #include "exchange/textencoding.h"
 #include "exchange/vcard.h"
 
+#include <functional>
+
 namespace hb::vcard {
 
 namespace {
+
+// Far beyond any address book (ten thousand contacts hold some two hundred thousand), and few enough to
+// hold in memory.
+constexpr qsizetype MostProperties = 2'000'000;
 
 // Pictures, sounds and keys are not imported; their values are counted and let go at once.
 bool isDropped(const QByteArray& name)
@@ -21,24 +27,6 @@ QByteArray plainBytes(const QByteArray& bytes)
     if (encoding == csv::Encoding::Utf16)
         return csv::parsableBytes(bytes, encoding);
     return bytes.startsWith("\xEF\xBB\xBF") ? bytes.mid(3) : bytes;
-}
-
-// Lines at CR LF, LF or a lone CR, as files that passed through several programs mix them.
-QVector<QByteArray> physicalLines(const QByteArray& bytes)
-{
-    QVector<QByteArray> lines;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        if (bytes[i] != '\r' && bytes[i] != '\n')
-            continue;
-        lines << bytes.mid(start, i - start);
-        if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n')
-            ++i;
-        start = i + 1;
-    }
-    if (start < bytes.size())
-        lines << bytes.mid(start);
-    return lines;
 }
 
 // The position of the colon that ends the name and parameters: the first outside double quotes.
@@ -60,27 +48,50 @@ bool isQuotedPrintable(const QByteArray& line)
     return colon > 0 && line.left(colon).toUpper().contains("QUOTED-PRINTABLE");
 }
 
-// Folded lines joined: a line that begins with a blank or tab continues the one before; in 2.1, a
-// quoted-printable value that ends in "=" goes on in the next line whatever it begins with.
-QVector<QByteArray> contentLines(const QVector<QByteArray>& lines)
+bool isBlank(QByteArrayView line)
 {
-    QVector<QByteArray> joined;
-    bool softBreak = false;
-    for (const QByteArray& line : lines) {
-        // A cut value does not swallow the end of its card.
-        if (softBreak && line.trimmed().toUpper() == "END:VCARD")
-            softBreak = false;
-        if (!joined.isEmpty() && softBreak) {
-            joined.back().chop(1);
-            joined.back() += line;
-        } else if (!joined.isEmpty() && !line.isEmpty() && (line[0] == ' ' || line[0] == '\t')) {
-            joined.back() += line.mid(1);
-        } else if (!line.trimmed().isEmpty()) {
-            joined << line;
-        }
-        softBreak = !joined.isEmpty() && joined.back().endsWith('=') && isQuotedPrintable(joined.back());
+    for (const char c : line) {
+        if (c != ' ' && c != '\t')
+            return false;
     }
-    return joined;
+    return true;
+}
+
+// Each content line in turn, until take gives false. Lines end at CR LF, LF or a lone CR, as files that
+// passed through several programs mix them. A line that begins with a blank or tab continues the one
+// before; in 2.1, a quoted-printable value that ends in "=" goes on in the next line whatever it begins
+// with. Whether a value is quoted-printable is read once, from its first line, so that no byte is read
+// twice, and only the line at hand is held.
+void forEachContentLine(const QByteArray& bytes, const std::function<bool(const QByteArray&)>& take)
+{
+    QByteArray current;
+    bool any = false, quotedPrintable = false, softBreak = false;
+    const qsizetype size = bytes.size();
+    for (qsizetype start = 0; start < size;) {
+        qsizetype end = start;
+        while (end < size && bytes[end] != '\r' && bytes[end] != '\n')
+            ++end;
+        const QByteArrayView line(bytes.constData() + start, end - start);
+        start = end + (end + 1 < size && bytes[end] == '\r' && bytes[end + 1] == '\n' ? 2 : 1);
+        // A cut value does not swallow the end of its card.
+        if (softBreak && line.trimmed().compare("END:VCARD", Qt::CaseInsensitive) == 0)
+            softBreak = false;
+        if (any && softBreak) {
+            current.chop(1);
+            current += line;
+        } else if (any && !line.isEmpty() && (line[0] == ' ' || line[0] == '\t')) {
+            current += line.sliced(1);
+        } else if (!isBlank(line)) {
+            if (any && !take(current))
+                return;
+            current = line.toByteArray();
+            any = true;
+            quotedPrintable = isQuotedPrintable(current);
+        }
+        softBreak = any && quotedPrintable && current.endsWith('=');
+    }
+    if (any)
+        take(current);
 }
 
 int hexDigit(char c)
@@ -200,10 +211,11 @@ ReadResult read(const QByteArray& bytes)
 {
     ReadResult result;
     Card* card = nullptr;
-    for (const QByteArray& line : contentLines(physicalLines(plainBytes(bytes)))) {
+    qsizetype kept = 0;
+    forEachContentLine(plainBytes(bytes), [&](const QByteArray& line) {
         std::optional<Property> property = parsed(line);
         if (!property)
-            continue;
+            return true;
         const bool aboutCard = property->value.trimmed().compare(QLatin1String("VCARD"), Qt::CaseInsensitive) == 0;
         if (property->name == QLatin1String("BEGIN") && aboutCard) {
             // A card that never ended is kept as far as it went.
@@ -220,8 +232,10 @@ ReadResult read(const QByteArray& bytes)
             card->version = property->value.trimmed();
         } else if (card) {
             card->properties << *property;
+            result.tooLarge = ++kept > MostProperties;
         }
-    }
+        return !result.tooLarge;
+    });
     return result;
 }
 

@@ -188,20 +188,30 @@ TEST_F(VCardImportTest, CancelInThePreviewWritesNothing)
 
 TEST_F(VCardImportTest, EachAnswerToADuplicateDoesWhatItSays)
 {
+    const QString unread = QStringLiteral("\r\nValues not read as dates: 1");
     const struct {
         const char* button;
+        bool always;
+        int questions;
         int listings;
         QString summary;
     } cases[] = {
-        {"CommandAdd", 4, summary(2, 0, 0, 1) + QStringLiteral("\r\nValues not read as dates: 1")},
-        {"CommandReplace", 2, summary(2, 0, 2, 0) + QStringLiteral("\r\nValues not read as dates: 1")},
-        {"Commandskip", 2, summary(0, 2, 0, 0)},
+        {"CommandAdd", true, 1, 4, summary(2, 0, 0, 1) + unread},
+        {"CommandAdd", false, 2, 4, summary(2, 0, 0, 0) + unread},
+        {"CommandReplace", true, 1, 2, summary(2, 0, 2, 0) + unread},
+        {"CommandReplace", false, 2, 2, summary(2, 0, 2, 0) + unread},
+        {"Commandskip", true, 1, 2, summary(0, 2, 0, 0)},
+        {"Commandskip", false, 2, 2, summary(0, 2, 0, 0)},
+        {"CommandStopImporting", false, 1, 3, summary(1, 0, 0, 0) + unread},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.button);
+        SCOPED_TRACE(std::string(c.button) + (c.always ? " always" : ""));
         DB.execute(QStringLiteral("delete from Roof"));
         importCards(sample("webaccount-3.0.vcf"));
-        importCards(sample("webaccount-3.0.vcf"), {.answers = [&] { answerDuplicate(c.button, true); }});
+        importCards(sample("webaccount-3.0.vcf"), {.answers = [&] {
+                        for (int i = 0; i < c.questions; ++i)
+                            answerDuplicate(c.button, c.always);
+                    }});
         EXPECT_EQ(roofCount(), c.listings);
         EXPECT_EQ(lastMessage().text, c.summary);
         // A replaced household keeps its two individuals, not four.
