@@ -4,6 +4,7 @@
 // compare one with another.
 
 #include "scriptedwindows.h"
+#include "storagenames.h"
 #include "windowdriver.h"
 
 #include "core/forms.h"
