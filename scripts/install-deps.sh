@@ -6,6 +6,8 @@ packages=(
   build-essential cmake ninja-build pkg-config ccache
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev libgl1-mesa-dev
   libsqlite3-dev sqlite3 libcsv-dev mdbtools-dev libphonenumber-dev libical-dev
+  qtkeychain-qt6-dev
+  radicale xandikos
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core fonts-liberation2 adwaita-icon-theme
   poppler-utils xvfb xauth
@@ -19,6 +21,8 @@ optional=(cups printer-driver-cups-pdf)
 optional+=(glabels-data)
 # A second reader of the calendar of birthdays; without it that check is skipped.
 optional+=(python3-icalendar)
+# The other sync tool the benchmark of the address book server measures beside the program's own.
+optional+=(vdirsyncer)
 
 missing_of() {
   for p in "$@"; do
