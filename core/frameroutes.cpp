@@ -117,6 +117,7 @@ void FrmMDI::mnuNameYourOwn_Click()
 void FrmMDI::mnuExitProgram_Click()
 {
     ReturnToListings = false;
+    syncAtEnd();
     SaveStateAndEnd();
 }
 
@@ -139,6 +140,15 @@ void FrmMDI::mnuAutoDial_Click()
 }
 
 void FrmMDI::mnu_Options_Click() { showOptions(); }
+
+void FrmMDI::mnuAddressBookServer_Click() { showAddressBookServer(); }
+
+void FrmMDI::mnuSyncNow_Click()
+{
+    // The listings come back with what the sync brought in.
+    UnloadForms();
+    syncNow();
+}
 
 void FrmMDI::mnuGettingStarted_Click() { ShowHelpContents(); }
 

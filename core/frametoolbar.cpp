@@ -175,7 +175,7 @@ void FrmMDI::menuBlock(const QString& state)
             item->setEnabled(!labels);
     }
     for (QAction* item : {mnuBackUp, mnuRestore, mnuExport, mnuImport, mnuExportVCards, mnuExportBirthdays,
-                          mnuExitProgram, mnuNameYourOwn})
+                          mnuExitProgram, mnuNameYourOwn, mnuAddressBookServer, mnuSyncNow})
         item->setEnabled(true);
 }
 
@@ -183,7 +183,8 @@ void FrmMDI::menuBlock(const QString& state)
 void FrmMDI::updateMenuBlock()
 {
     for (QAction* item : {mnuPageSetup, mnuPrint, mnuPrinterSetup, mnuBackUp, mnuRestore, mnuExport, mnuImport,
-                          mnuExportVCards, mnuExportBirthdays, mnuExitProgram, mnuAddress, mnuBirthDates, mnuLabels, mnuNameYourOwn, mnuSearch, button("find")})
+                          mnuExportVCards, mnuExportBirthdays, mnuExitProgram, mnuAddress, mnuBirthDates, mnuLabels, mnuNameYourOwn,
+                          mnuAddressBookServer, mnuSyncNow, mnuSearch, button("find")})
         item->setEnabled(false);
 }
 

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QTimer>
 
 namespace hb {
 
@@ -54,6 +55,8 @@ void FrmMDI::MDIForm_Load()
         showAddressBook();
     else
         showAbout();
+    // Once the listings are painted, so that the user sees the book while the server answers.
+    QTimer::singleShot(0, this, [] { syncAtStart(); });
 }
 
 void FrmMDI::resizeEvent(QResizeEvent* event)
@@ -70,6 +73,7 @@ void FrmMDI::resizeEvent(QResizeEvent* event)
 void FrmMDI::closeEvent(QCloseEvent* event)
 {
     event->accept();
+    syncAtEnd();
     unloadFrame();
 }
 

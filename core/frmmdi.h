@@ -71,6 +71,8 @@ private:
     void mnuAutoDial_Click();
     void mnuNameYourOwn_Click();
     void mnu_Options_Click();
+    void mnuAddressBookServer_Click();
+    void mnuSyncNow_Click();
     void mnuGettingStarted_Click();
     void mnuFAQ_Click();
     void mnuAbout_Click();
@@ -107,6 +109,7 @@ private:
     QAction *mnuAddress = nullptr, *mnuPhone = nullptr, *mnuDetails = nullptr, *mnuCustom = nullptr,
             *mnuBirthDates = nullptr, *mnuLabels = nullptr;
     QAction *mnuAutoDial = nullptr, *mnuNameYourOwn = nullptr, *mnu_Options = nullptr;
+    QAction *mnuAddressBookServer = nullptr, *mnuSyncNow = nullptr;
     QAction *mnuGettingStarted = nullptr, *mnuFAQ = nullptr, *mnuAbout = nullptr;
 
     // Toolbar: the buttons by their keys, and the font combos beside them.

@@ -53,6 +53,10 @@ void showReturnAddress() { run(RouteId::ReturnAddress); }
 
 void showBackup() { run(RouteId::Backup); }
 void showImport() { run(RouteId::Import); }
+void showAddressBookServer() { run(RouteId::AddressBookServer); }
+void syncNow() { run(RouteId::SyncNow); }
+void syncAtStart() { run(RouteId::SyncAtStart); }
+void syncAtEnd() { run(RouteId::SyncAtEnd); }
 
 void showOptions() { run(RouteId::Options); }
 void showDialer() { run(RouteId::Dialer); }

@@ -18,7 +18,7 @@ enum class RouteId {
     // Labels and mail pieces.
     Labels, LabelsPrint, PrintMailPiece, MailPiecePageSetup, ReloadMailPiecePreview, ReturnAddress,
     // Data exchange.
-    Backup, Import,
+    Backup, Import, AddressBookServer, SyncNow, SyncAtStart, SyncAtEnd,
     // Tools.
     Options, Dialer, LoadAbout, About,
     Count
@@ -58,6 +58,10 @@ void showReturnAddress();          // FormRetAddr, modally
 // Data exchange.
 void showBackup();                 // frmBackup in the mode of BackupMode
 void showImport();                 // FormImport, modally
+void showAddressBookServer();      // FormAddressBookServer, modally
+void syncNow();                    // a sync with the address book server, with its progress window
+void syncAtStart();                // syncNow when the server is set up to sync at start
+void syncAtEnd();                  // syncNow when the server is set up to sync at the end
 
 // Tools.
 void showOptions();                // FormOptions, modally

@@ -123,7 +123,8 @@ TEST_F(HelpersTest, EveryContextNumberOpensItsOwnHelpPageAndMissingHelpIsReporte
         {"2190", "address-report.html"}, {"2195", "phone-report.html"}, {"2197", "detail-report.html"},
         {"2199", "custom-report.html"},  {"2320", "options.html"},       {"2380", "faq.html"},
         {"2460", "page-setup.html"},     {"2527", "return-address.html"}, {"2550", "import.html"},
-        {"2555", "comma-delimited-import.html"}, {"2560", "duplicate-warning.html"}, {"2565", "vcard-import.html"}};
+        {"2555", "comma-delimited-import.html"}, {"2560", "duplicate-warning.html"}, {"2565", "vcard-import.html"},
+        {"2570", "address-book-server.html"}, {"2575", "sync.html"}};
     for (const auto& [context, page] : topics) {
         ShowHelpTopic(QString::fromLatin1(context));
         EXPECT_EQ(shownHelpPage(), QString::fromLatin1(page)) << context;

@@ -34,7 +34,7 @@ namespace {
 using namespace hb::help;
 
 // Every context number that a window of the program asks for.
-const QList<int> kContexts = {2190, 2195, 2197, 2199, 2320, 2380, 2460, 2527, 2550, 2555, 2560, 2565};
+const QList<int> kContexts = {2190, 2195, 2197, 2199, 2320, 2380, 2460, 2527, 2550, 2555, 2560, 2565, 2570, 2575};
 
 QString sourceHelpFolder()
 {

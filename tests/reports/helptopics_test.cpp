@@ -1,10 +1,12 @@
 #include "addressrpt_fixture.h"
 #include "../core/helpfolder.h"
 
+#include "exchange/formaddressbookserver.h"
 #include "exchange/formcolumnselect.h"
 #include "exchange/formcommadelimitedimport.h"
 #include "exchange/formduplicatewarning.h"
 #include "exchange/formimport.h"
+#include "exchange/formsyncconflict.h"
 #include "mailing/formretaddr.h"
 #include "reports/formcustomizereport.h"
 #include "reports/formpagesetup.h"
@@ -71,6 +73,8 @@ TEST_F(HelpTopicsTest, EveryWindowWithAHelpButtonOpensTheSameTopicByF1AndByTheBu
         {"comma-delimited-import.html", [] () -> QWidget& { return forms::get<FormCommaDelimitedImport>(); }},
         {"comma-delimited-import.html", [] () -> QWidget& { return forms::get<FormColumnSelect>(); }},
         {"duplicate-warning.html", [] () -> QWidget& { return forms::get<FormDuplicateWarning>(); }},
+        {"address-book-server.html", [] () -> QWidget& { return forms::get<FormAddressBookServer>(); }},
+        {"sync.html", [] () -> QWidget& { return forms::get<FormSyncConflict>(); }},
     };
     for (const auto& c : windows) {
         QWidget& window = c.window();
