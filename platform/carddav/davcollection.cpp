@@ -111,7 +111,7 @@ void DavCollection::syncReport(const QString& token, Changes sofar, bool fromSta
             return done({}, badReply(reply.url, answer.error));
         bool truncated = false;
         for (const DavEntry& entry : answer.entries) {
-            if (isSelf(entry.href))
+            if (isSelf(entry.href, reply.url))
                 truncated = truncated || entry.status == 507;
             else if (entry.href.endsWith(QLatin1Char('/')))
                 continue;
@@ -149,7 +149,7 @@ void DavCollection::listing(ChangesDone done)
         changes.complete = true;
         bool addressBook = false;
         for (const DavEntry& entry : answer.entries) {
-            if (isSelf(entry.href)) {
+            if (isSelf(entry.href, reply.url)) {
                 addressBook = entry.addressBook;
                 changes.token = entry.syncToken;
             } else if (!entry.collection && !entry.href.endsWith(QLatin1Char('/')) && succeeded(entry.status)) {
@@ -270,9 +270,12 @@ QString DavCollection::hrefFor(const QString& uid) const
     return withoutSlash(url_.path(QUrl::FullyEncoded)) + QLatin1Char('/') + name + QStringLiteral(".vcf");
 }
 
-bool DavCollection::isSelf(const QString& href) const
+// The collection answers under its own path, or under the one a redirect led to.
+bool DavCollection::isSelf(const QString& href, const QUrl& answeredAt) const
 {
-    return withoutSlash(samePath(href)) == withoutSlash(samePath(url_.path(QUrl::FullyEncoded)));
+    const QString path = withoutSlash(samePath(href));
+    return path == withoutSlash(samePath(url_.path(QUrl::FullyEncoded)))
+        || path == withoutSlash(samePath(answeredAt.path(QUrl::FullyEncoded)));
 }
 
 QUrl DavCollection::cardUrl(const QString& href) const { return url_.resolved(QUrl::fromEncoded(href.toUtf8())); }

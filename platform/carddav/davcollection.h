@@ -43,7 +43,7 @@ private:
     void listing(ChangesDone done);
     void fetchNext(std::shared_ptr<Fetch> fetch);
     void fetched(std::shared_ptr<Fetch> fetch, const QStringList& batch, const DavReply& reply);
-    bool isSelf(const QString& href) const;
+    bool isSelf(const QString& href, const QUrl& answeredAt) const;
     QUrl cardUrl(const QString& href) const;
 
     QUrl url_;

@@ -32,7 +32,7 @@ DavError networkFailure(const QUrl& url, QNetworkReply::NetworkError error, cons
         return make(DavError::Kind::Network, QStringLiteral("The server %1 was not found.").arg(host));
     case QNetworkReply::RemoteHostClosedError:
         return make(DavError::Kind::Network,
-                    QStringLiteral("The server %1 closed the connection before it answered.").arg(host));
+                    QStringLiteral("The server %1 closed the connection before its answer was complete.").arg(host));
     default:
         return make(DavError::Kind::Network,
                     QStringLiteral("The server %1 could not be reached (%2).").arg(host, detail));
@@ -92,8 +92,11 @@ DavError unusableAddress(const QUrl& url)
 
 DavError badReply(const QUrl& url, const QString& why)
 {
+    QString reason = why.trimmed();
+    while (reason.endsWith(QLatin1Char('.')))
+        reason.chop(1);
     return make(DavError::Kind::BadReply,
-                QStringLiteral("The answer of the server %1 could not be read: %2.").arg(hostOf(url), why));
+                QStringLiteral("The answer of the server %1 could not be read: %2.").arg(hostOf(url), reason));
 }
 
 DavError notCardDav(const QString& address)

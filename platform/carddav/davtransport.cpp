@@ -15,6 +15,10 @@ namespace {
 
 bool isRedirect(int status) { return status == 301 || status == 302 || status == 307 || status == 308; }
 
+// Errors of the connection itself (below 200), as against those Qt derives from an HTTP status: a body
+// cut short by a server that went away has a status and still did not arrive.
+bool cutOff(QNetworkReply::NetworkError error) { return error > QNetworkReply::NoError && error < 200; }
+
 QString fingerprintOf(const QSslCertificate& certificate)
 {
     return QString::fromLatin1(certificate.digest(QCryptographicHash::Sha256).toHex(':').toUpper());
@@ -143,7 +147,7 @@ void DavExchange::finished()
         reply.error = tlsFailure(call_.url, fingerprint_);
     else if (status == 401)
         reply.error = authFailure(call_.url, !transport_.account().user.isEmpty());
-    else if (status == 0)
+    else if (status == 0 || cutOff(reply_->error()))
         reply.error = networkFailure(call_.url, reply_->error(), reply_->errorString());
     else if (isRedirect(status) && redirected(status))
         return;

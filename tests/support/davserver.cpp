@@ -9,6 +9,9 @@
 #include <QTcpSocket>
 #include <QThread>
 
+#include <csignal>
+#include <sys/prctl.h>
+
 namespace {
 
 bool writeFile(const QString& path, const QByteArray& content)
@@ -85,6 +88,8 @@ bool DavServer::start()
     process_.setStandardOutputFile(dir_.filePath(QStringLiteral("server.log")));
     process_.setStandardErrorFile(dir_.filePath(QStringLiteral("server.log")), QIODevice::Append);
     process_.setWorkingDirectory(dir_.path());
+    // A test that dies leaves no server behind.
+    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process_.start(program, arguments);
     if (!process_.waitForStarted(10000)) {
         error_ = QStringLiteral("%1 did not start: %2").arg(program, process_.errorString());
