@@ -11,17 +11,6 @@ namespace hb::carddav {
 
 namespace {
 
-DavCall propfind(const QUrl& url, const QByteArray& body, const char* depth)
-{
-    DavCall call;
-    call.method = "PROPFIND";
-    call.url = url;
-    call.body = body;
-    call.contentType = XmlType;
-    call.depth = depth;
-    return call;
-}
-
 QString nameOf(const DavEntry& entry, const QUrl& url)
 {
     if (!entry.displayName.isEmpty())
@@ -97,7 +86,7 @@ void BookFinder::nextCandidate()
         return finish({}, problem_.ok() ? notCardDav(address_) : problem_);
     const QUrl url = candidates_.takeFirst();
     probed_.insert(url);
-    requests_->send(propfind(url, discoveryPropfind(), "0"), [this](DavReply reply) { probed(reply); });
+    requests_->send(xmlCall("PROPFIND", url, discoveryPropfind(), "0"), [this](DavReply reply) { probed(reply); });
 }
 
 void BookFinder::probed(const DavReply& reply)
@@ -136,7 +125,7 @@ void BookFinder::listHome(QList<QUrl> homes, QVector<AddressBook> books)
     if (homes.isEmpty())
         return finish(std::move(books), {});
     const QUrl home = homes.takeFirst();
-    requests_->send(propfind(home, booksPropfind(), "1"), [this, homes, books](DavReply reply) mutable {
+    requests_->send(xmlCall("PROPFIND", home, booksPropfind(), "1"), [this, homes, books](DavReply reply) mutable {
         if (!reply.error.ok())
             return finish({}, reply.error);
         if (reply.status != 207)

@@ -22,14 +22,20 @@ void writeProp(QXmlStreamWriter& xml, std::initializer_list<Property> properties
     xml.writeEndElement();
 }
 
+// The namespaces are declared once, at the root, so that the body reads short.
+void begin(QXmlStreamWriter& xml, const QString& ns, const char* root)
+{
+    xml.writeNamespace(Dav, QStringLiteral("d"));
+    xml.writeNamespace(CardDav, QStringLiteral("c"));
+    xml.writeStartDocument();
+    xml.writeStartElement(ns, QString::fromLatin1(root));
+}
+
 QByteArray propfind(std::initializer_list<Property> properties)
 {
     QByteArray body;
     QXmlStreamWriter xml(&body);
-    xml.writeNamespace(Dav, QStringLiteral("d"));
-    xml.writeNamespace(CardDav, QStringLiteral("c"));
-    xml.writeStartDocument();
-    xml.writeStartElement(Dav, QStringLiteral("propfind"));
+    begin(xml, Dav, "propfind");
     writeProp(xml, properties);
     xml.writeEndDocument();
     return body;
@@ -51,9 +57,7 @@ QByteArray syncCollection(const QString& token)
 {
     QByteArray body;
     QXmlStreamWriter xml(&body);
-    xml.writeNamespace(Dav, QStringLiteral("d"));
-    xml.writeStartDocument();
-    xml.writeStartElement(Dav, QStringLiteral("sync-collection"));
+    begin(xml, Dav, "sync-collection");
     xml.writeTextElement(Dav, QStringLiteral("sync-token"), token);
     xml.writeTextElement(Dav, QStringLiteral("sync-level"), QStringLiteral("1"));
     writeProp(xml, {{Dav, "getetag"}});
@@ -65,10 +69,7 @@ QByteArray multiget(const QStringList& hrefs)
 {
     QByteArray body;
     QXmlStreamWriter xml(&body);
-    xml.writeNamespace(Dav, QStringLiteral("d"));
-    xml.writeNamespace(CardDav, QStringLiteral("c"));
-    xml.writeStartDocument();
-    xml.writeStartElement(CardDav, QStringLiteral("addressbook-multiget"));
+    begin(xml, CardDav, "addressbook-multiget");
     writeProp(xml, {{Dav, "getetag"}, {CardDav, "address-data"}});
     for (const QString& href : hrefs)
         xml.writeTextElement(Dav, QStringLiteral("href"), href);

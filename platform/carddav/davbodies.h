@@ -9,8 +9,6 @@
 
 namespace hb::carddav {
 
-inline constexpr char XmlType[] = "application/xml; charset=utf-8";
-
 // What discovery asks of each address it tries: enough to tell a principal, a home or an address book.
 QByteArray discoveryPropfind();
 // The members of a home: which are address books, and their names.

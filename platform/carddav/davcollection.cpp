@@ -33,17 +33,6 @@ QByteArray quoted(const QString& etag)
     return tag.startsWith('"') ? tag : '"' + tag + '"';
 }
 
-DavCall davCall(const char* method, const QUrl& url, const QByteArray& body, const char* depth)
-{
-    DavCall call;
-    call.method = method;
-    call.url = url;
-    call.body = body;
-    call.contentType = XmlType;
-    call.depth = depth;
-    return call;
-}
-
 // Many cards left out of one fetch are told as one error that names them all.
 DavError leftOutError(DavError first, const QStringList& hrefs)
 {
@@ -99,7 +88,7 @@ void DavCollection::changesSince(const QString& token, ChangesDone done)
 
 void DavCollection::syncReport(const QString& token, Changes sofar, bool fromStart, int round, ChangesDone done)
 {
-    requests_->send(davCall("REPORT", url_, syncCollection(token), "0"),
+    requests_->send(xmlCall("REPORT", url_, syncCollection(token), "0"),
                     [=, this, sofar = std::move(sofar)](DavReply reply) mutable {
         if (!reply.error.ok())
             return done({}, reply.error);
@@ -132,7 +121,7 @@ void DavCollection::syncReport(const QString& token, Changes sofar, bool fromSta
 
 void DavCollection::listing(ChangesDone done)
 {
-    requests_->send(davCall("PROPFIND", url_, listingPropfind(), "1"), [this, done](DavReply reply) {
+    requests_->send(xmlCall("PROPFIND", url_, listingPropfind(), "1"), [this, done](DavReply reply) {
         if (!reply.error.ok())
             return done({}, reply.error);
         // A plain web server answers PROPFIND with a page, or does not know the method at all.
@@ -186,7 +175,7 @@ void DavCollection::fetchNext(std::shared_ptr<Fetch> fetch)
         return fetch->done(std::move(fetch->cards), error);
     }
     const QStringList batch = fetch->batches.takeFirst();
-    requests_->send(davCall("REPORT", url_, multiget(batch), "1"),
+    requests_->send(xmlCall("REPORT", url_, multiget(batch), "1"),
                     [this, fetch, batch](DavReply reply) { fetched(fetch, batch, reply); });
 }
 

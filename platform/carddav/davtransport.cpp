@@ -26,6 +26,17 @@ QString fingerprintOf(const QSslCertificate& certificate)
 
 } // namespace
 
+DavCall xmlCall(const char* method, const QUrl& url, const QByteArray& body, const char* depth)
+{
+    DavCall call;
+    call.method = method;
+    call.url = url;
+    call.body = body;
+    call.contentType = "application/xml; charset=utf-8";
+    call.depth = depth;
+    return call;
+}
+
 DavExchange::DavExchange(DavTransport& transport, DavCall call, std::function<void(DavReply)> done)
     : QObject(&transport), transport_(transport), call_(std::move(call)), done_(std::move(done)),
       silence_(new QTimer(this))

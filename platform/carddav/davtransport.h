@@ -30,6 +30,9 @@ struct DavCall {
     QList<QPair<QByteArray, QByteArray>> headers;
 };
 
+// A request with an XML body, as every WebDAV method but PUT, GET and DELETE sends.
+DavCall xmlCall(const char* method, const QUrl& url, const QByteArray& body, const char* depth);
+
 struct DavReply {
     int status = 0;
     QByteArray reason;
