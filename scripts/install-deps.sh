@@ -8,6 +8,8 @@ packages=(
   libsqlite3-dev sqlite3 libcsv-dev mdbtools-dev libphonenumber-dev libical-dev
   qtkeychain-qt6-dev
   radicale xandikos
+  # The tests of the address book server: curl plays the phone, openssl makes a self-signed certificate.
+  curl openssl
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core fonts-liberation2 adwaita-icon-theme
   poppler-utils xvfb xauth

@@ -31,6 +31,7 @@ struct DavError {
     int status = 0;            // the HTTP status, when there was one
     QString text;              // for the user, one sentence
     QString fingerprint;       // Tls only
+    QStringList hrefs;         // fetch: the cards left out for this error (not vCard, refused one by one)
 
     bool ok() const { return kind == Kind::None; }
 };
@@ -57,7 +58,8 @@ public:
     // still good, else a complete listing of hrefs and ETags.
     virtual void changesSince(const QString& token, std::function<void(Changes, DavError)> done) = 0;
     // The cards themselves (addressbook-multiget, in batches); an href the server no longer has is
-    // left out of the answer.
+    // left out of the answer. A card that is not a vCard, or that the server refuses on its own, is left
+    // out too: the answer then holds the cards that did read beside an error that names those left out.
     virtual void fetch(const QStringList& hrefs, std::function<void(QVector<RemoteCard>, DavError)> done) = 0;
     // Writes a card. ifMatch empty: a new card (If-None-Match: *), else the ETag it must still have.
     // The answer holds the new ETag, or is empty where the server gave none (or only a weak one).

@@ -25,6 +25,8 @@ struct AddressBook {
     QString name;                      // its display name, else the last part of its path
 };
 
+// findAddressBooks answers an empty list without an error where the server has an address-book home
+// but no address book in it.
 class DavAccount : public QObject {
     Q_OBJECT
 public:
@@ -35,6 +37,8 @@ public:
     // A collection at the URL, owned by the parent given.
     CardCollection* collection(const QString& url, QObject* parent);
     void cancel();
+    // How long a request may go without a byte moving (30 s), and the largest answer read (32 MB).
+    void setLimits(int timeoutMs, qint64 replyLimit);
 
 private:
     struct Private;
