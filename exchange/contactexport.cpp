@@ -48,15 +48,18 @@ Individual individualOf(const Recordset& person)
 
 } // namespace
 
-QVector<Listing> listingsOfTypes(const QVector<qint32>& types)
+namespace {
+
+// The listings whose field is one of the numbers, each with its individuals, in two statements.
+QVector<Listing> listingsWhere(const QString& field, const QVector<qint32>& values)
 {
     QStringList numbers;
-    for (const qint32 type : types)
-        numbers << QString::number(type);
-    const QString chosen = QStringLiteral(" in (") + numbers.join(QLatin1Char(',')) + QStringLiteral(")");
+    for (const qint32 value : values)
+        numbers << QString::number(value);
+    const QString chosen = field + QStringLiteral(" in (") + numbers.join(QLatin1Char(',')) + QStringLiteral(")");
     QVector<Listing> listings;
     QHash<qint32, qsizetype> byNumber;
-    Recordset roof = DB.openRecordset(QStringLiteral("select * from Roof where RoofType") + chosen
+    Recordset roof = DB.openRecordset(QStringLiteral("select * from Roof where ") + chosen
                                       + QStringLiteral(" order by SortName, RoofNumber"));
     for (; !roof.eof(); roof.moveNext()) {
         byNumber.insert(roof.value(QStringLiteral("RoofNumber")).toInt(), listings.size());
@@ -64,7 +67,7 @@ QVector<Listing> listingsOfTypes(const QVector<qint32>& types)
     }
     roof.close();
     Recordset person = DB.openRecordset(
-        QStringLiteral("select Person.* from Person, Roof where Person.RoofNumber = Roof.RoofNumber and Roof.RoofType")
+        QStringLiteral("select Person.* from Person, Roof where Person.RoofNumber = Roof.RoofNumber and Roof.")
         + chosen + QStringLiteral(" order by Person.RoofNumber, Person.PersonNumber"));
     for (; !person.eof(); person.moveNext()) {
         const auto found = byNumber.constFind(person.value(QStringLiteral("RoofNumber")).toInt());
@@ -73,6 +76,18 @@ QVector<Listing> listingsOfTypes(const QVector<qint32>& types)
     }
     person.close();
     return listings;
+}
+
+} // namespace
+
+QVector<Listing> listingsOfTypes(const QVector<qint32>& types)
+{
+    return listingsWhere(QStringLiteral("RoofType"), types);
+}
+
+QVector<Listing> listingsNumbered(const QVector<qint32>& numbers)
+{
+    return listingsWhere(QStringLiteral("RoofNumber"), numbers);
 }
 
 } // namespace hb::contactexport

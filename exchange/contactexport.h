@@ -28,6 +28,8 @@ struct Listing {
 // The listings of the types, in the order of their List By names, each with its individuals, read from
 // the main database in two statements whatever their number.
 QVector<Listing> listingsOfTypes(const QVector<qint32>& types);
+// The listings of these numbers, read the same way.
+QVector<Listing> listingsNumbered(const QVector<qint32>& numbers);
 
 // One card per individual, carrying the listing's address and phones; one card for a listing without
 // individuals, as an organisation when it reads as a firm (listed by its own name). Each card's UID

@@ -174,6 +174,25 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
     ++counters.Imported;
 }
 
+void WriteHBListing(ImportRoofRecord& record, ImportCounters& counters)
+{
+    counters.Shortened += qint32(fitRecord(record).size());
+    Recordset roof = DB.openRecordset(QStringLiteral("select * from Roof where RoofNumber =") + NumText(record.RoofNumber));
+    if (record.RoofNumber > 0 && !roof.eof()) {
+        roof.edit();
+    } else {
+        roof.addNew();
+        roof.setValue(QStringLiteral("RoofNumber"), GetNextRoofNumber());
+        record.RoofNumber = roof.value(QStringLiteral("RoofNumber")).toInt();
+    }
+    if (setFields(roof, record))
+        ++counters.NotDates;
+    if (record.Anniversary.trimmed().isEmpty())
+        roof.setValue(QStringLiteral("Anniversary"), QVariant());
+    roof.update();
+    roof.close();
+}
+
 QString ImportSummaryText(const ImportCounters& counters)
 {
     return QStringLiteral("Import Finished Successfully.\r\n\r\nRecords Imported: %1\r\nRecords Skipped: %2\r\n"

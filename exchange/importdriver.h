@@ -63,6 +63,15 @@ void ImportHBRecord(ImportRoofRecord& record, ImportOption& option, ImportCounte
 // (ImportDB) files under record.RoofNumber. Values cut to fit and dates not read are counted.
 void ImportHBPersons(const ImportRoofRecord& record, ImportCounters& counters);
 
+// The sync's way in, with no question and no window: writes the record over the listing of its number, or
+// as a new listing when the number is 0 (the number given is written back). An empty anniversary empties
+// the field. The individuals are written by WriteHBPerson.
+void WriteHBListing(ImportRoofRecord& record, ImportCounters& counters);
+// Writes one individual over the one of that number in the listing, or as a new one when personNumber
+// is 0, and gives its number.
+qint32 WriteHBPerson(qint32 roofNumber, qint32 personNumber, const ImportPersonRecord& person,
+                     std::optional<importdates::Order> order, ImportCounters& counters);
+
 // "Import Finished Successfully." with the four counts, as every reader ends, and the values shortened
 // to fit and the values not read as dates when there were any.
 QString ImportSummaryText(const ImportCounters& counters);

@@ -63,12 +63,18 @@ Person fromRecord(const ImportPersonRecord& found, std::optional<importdates::Or
     return person;
 }
 
-void writePerson(const QString& number, const Person& person, ImportCounters& counters)
+// The individual of the listing with the same first and last name is overwritten; with a number, the
+// individual of that number (none: a new one). Gives the number written.
+qint32 writePerson(const QString& number, const Person& person, ImportCounters& counters, qint32 personNumber = -1)
 {
-    SQL = QStringLiteral("Select * from Person where RoofNumber =") + number + QStringLiteral(" and FirstName = ")
-        + QStringLiteral(" '") + DoubleQuotes(NullToText(person.values[First])) + QStringLiteral("'")
-        + QStringLiteral(" and LastName = ") + QStringLiteral("'") + DoubleQuotes(NullToText(person.values[Last]))
-        + QStringLiteral("'");
+    if (personNumber < 0)
+        SQL = QStringLiteral("Select * from Person where RoofNumber =") + number + QStringLiteral(" and FirstName = ")
+            + QStringLiteral(" '") + DoubleQuotes(NullToText(person.values[First])) + QStringLiteral("'")
+            + QStringLiteral(" and LastName = ") + QStringLiteral("'") + DoubleQuotes(NullToText(person.values[Last]))
+            + QStringLiteral("'");
+    else
+        SQL = QStringLiteral("Select * from Person where RoofNumber =") + number + QStringLiteral(" and PersonNumber =")
+            + NumText(personNumber);
     Recordset target = DB.openRecordset(SQL);
     if (!target.eof()) {
         target.edit();
@@ -85,10 +91,12 @@ void writePerson(const QString& number, const Person& person, ImportCounters& co
             continue;
         target.setValue(QString::fromLatin1(PersonFields[i]), person.values[i]);
     }
+    const qint32 written = target.value(QStringLiteral("PersonNumber")).toInt();
     target.update();
     target.close();
     counters.Shortened += person.cut;
     counters.NotDates += person.unreadDate ? 1 : 0;
+    return written;
 }
 
 } // namespace
@@ -110,6 +118,12 @@ void ImportHBPersons(const ImportRoofRecord& record, ImportCounters& counters)
     for (; !source.eof(); source.moveNext())
         writePerson(number, fromSource(source), counters);
     source.close();
+}
+
+qint32 WriteHBPerson(qint32 roofNumber, qint32 personNumber, const ImportPersonRecord& person,
+                     std::optional<importdates::Order> order, ImportCounters& counters)
+{
+    return writePerson(NumText(roofNumber), fromRecord(person, order), counters, personNumber);
 }
 
 } // namespace hb

@@ -80,30 +80,45 @@ std::pair<QString, QString> householdNames(const QVector<ImportPersonRecord>& pe
     return {joined(full), joined(listBy)};
 }
 
-QVector<CardListing> households(const QVector<CardListing>& cards)
+QVector<QVector<qsizetype>> householdGroups(const QVector<CardListing>& cards)
 {
-    QVector<CardListing> listings;
+    QVector<QVector<qsizetype>> groups;
     QHash<QString, qsizetype> byHome;
-    for (const CardListing& card : cards) {
-        const QString key = groupKey(card);
+    for (qsizetype i = 0; i < cards.size(); ++i) {
+        const QString key = groupKey(cards[i]);
         const auto found = key.isEmpty() ? byHome.cend() : byHome.constFind(key);
         if (found == byHome.cend()) {
             if (!key.isEmpty())
-                byHome.insert(key, listings.size());
-            listings << card;
-            continue;
+                byHome.insert(key, groups.size());
+            groups.append(QVector<qsizetype>{i});
+        } else {
+            groups[*found] << i;
         }
-        CardListing& listing = listings[*found];
+    }
+    return groups;
+}
+
+CardListing household(const QVector<CardListing>& cards, const QVector<qsizetype>& group)
+{
+    CardListing listing = cards[group.front()];
+    for (const qsizetype i : group.mid(1)) {
+        const CardListing& card = cards[i];
         ImportPersonRecord person = card.record.Persons.front();
         keepDifferences(listing.record, card, person);
         listing.record.Persons << person;
         if (listing.category.isEmpty())
             listing.category = card.category;
     }
-    for (CardListing& listing : listings) {
-        if (listing.record.Persons.size() > 1 && !listing.named)
-            std::tie(listing.record.RoofName, listing.record.SortName) = householdNames(listing.record.Persons);
-    }
+    if (listing.record.Persons.size() > 1 && !listing.named)
+        std::tie(listing.record.RoofName, listing.record.SortName) = householdNames(listing.record.Persons);
+    return listing;
+}
+
+QVector<CardListing> households(const QVector<CardListing>& cards)
+{
+    QVector<CardListing> listings;
+    for (const QVector<qsizetype>& group : householdGroups(cards))
+        listings << household(cards, group);
     return listings;
 }
 

@@ -30,6 +30,10 @@ QString homeKey(const QString& street, const QString& zip, const QString& city);
 // "Smith, John & Mary"; other surnames give "Jane Doe & John Smith". Firms and cards without a street
 // stay listings of their own. The order is that of each listing's first card.
 QVector<CardListing> households(const QVector<CardListing>& cards);
+// The same joining as places in cards: the cards of each listing, in the order households() gives.
+QVector<QVector<qsizetype>> householdGroups(const QVector<CardListing>& cards);
+// The listing of one group of householdGroups().
+CardListing household(const QVector<CardListing>& cards, const QVector<qsizetype>& group);
 
 // The name of a listing of these individuals and the name it is listed by.
 std::pair<QString, QString> householdNames(const QVector<ImportPersonRecord>& persons);

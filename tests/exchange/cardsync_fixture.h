@@ -1,0 +1,203 @@
+#pragma once
+
+// A book of the chosen types synced with a collection of cards; the questions of the sync answered from
+// queues that each test fills and that must be empty at its end.
+
+#include "foldercollection.h"
+#include "programfixture.h"
+#include "testdata.h"
+
+#include "core/session.h"
+#include "exchange/cardsync.h"
+#include "exchange/localcards.h"
+#include "exchange/serversettings.h"
+#include "exchange/vcard.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <deque>
+
+class ScriptedQuestions : public hb::cardsync::SyncQuestions {
+public:
+    struct Deletions {
+        int here, hereTotal, there, thereTotal;
+    };
+    void answerConflict(hb::cardsync::ConflictAnswer answer, bool forAll = false) { conflicts_.push_back({answer, forAll}); }
+    void answerDeletions(bool allow) { deletions_.push_back(allow); }
+
+    hb::cardsync::ConflictAnswer conflict(const hb::cardsync::Conflict& conflict, bool& forAll) override
+    {
+        asked << conflict;
+        if (conflicts_.empty()) {
+            ADD_FAILURE() << "unanswered conflict: " << conflict.name.toStdString();
+            return hb::cardsync::ConflictAnswer::KeepThisMachines;
+        }
+        const auto [answer, all] = conflicts_.front();
+        conflicts_.pop_front();
+        forAll = all;
+        return answer;
+    }
+    bool allowDeletions(int here, int hereTotal, int there, int thereTotal) override
+    {
+        deletionsAsked.push_back({here, hereTotal, there, thereTotal});
+        if (deletions_.empty()) {
+            ADD_FAILURE() << "unanswered deletion question";
+            return false;
+        }
+        const bool allow = deletions_.front();
+        deletions_.pop_front();
+        return allow;
+    }
+    bool unused() const { return conflicts_.empty() && deletions_.empty(); }
+
+    QVector<hb::cardsync::Conflict> asked;
+    std::vector<Deletions> deletionsAsked;
+
+private:
+    std::deque<std::pair<hb::cardsync::ConflictAnswer, bool>> conflicts_;
+    std::deque<bool> deletions_;
+};
+
+// Runs the event loop until the flag is set, two minutes at most. Not a nested loop of its own, which a
+// window test before may have told to quit, nor QTest::qWaitFor, which sleeps between events.
+inline bool waitUntil(const bool& flag)
+{
+    QDeadlineTimer deadline(120000);
+    QTimer wake;
+    wake.start(200);
+    while (!flag && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    return flag;
+}
+
+// Listings of the types 1, 2 and 3 in turn, each with none, one or two individuals.
+inline void fillBook(int listings, int from = 1)
+{
+    hb::DB.execute(QStringLiteral("begin"));
+    int person = from * 3;
+    for (int n = from; n < from + listings; ++n) {
+        const QString last = QStringLiteral("Last%1").arg(n);
+        addListing({n, QStringLiteral("The %1 Family").arg(last), last + QStringLiteral(", The"), 1 + n % 3,
+                    {{QStringLiteral("Address1"), QStringLiteral("%1 Elm Street").arg(n)},
+                     {QStringLiteral("City"), QStringLiteral("Springfield")},
+                     {QStringLiteral("Zip"), QStringLiteral("62701")},
+                     {QStringLiteral("Phone"), QStringLiteral("555-%1").arg(n, 4, 10, QLatin1Char('0'))}}});
+        for (int i = 0; i < (n / 3) % 3; ++i)
+            addPerson(n, ++person, i == 0 ? QStringLiteral("Ann") : QStringLiteral("Bob"), last, QDate(1970, 1 + n % 12, 1 + i));
+    }
+    hb::DB.execute(QStringLiteral("commit"));
+}
+
+inline QByteArray phoneCard(const QString& uid, const QString& first, const QString& last, const QString& street,
+                            const QString& phone = {}, const QString& category = {})
+{
+    QByteArray card = "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:" + uid.toUtf8() + "\r\nN:" + last.toUtf8() + ";" + first.toUtf8()
+        + ";;;\r\nFN:" + (first + QLatin1Char(' ') + last).trimmed().toUtf8() + "\r\n";
+    if (!street.isEmpty())
+        card += "ADR;TYPE=HOME:;;" + street.toUtf8() + ";Springfield;IL;62701;\r\n";
+    if (!phone.isEmpty())
+        card += "TEL;TYPE=CELL:" + phone.toUtf8() + "\r\n";
+    if (!category.isEmpty())
+        card += "CATEGORIES:" + category.toUtf8() + "\r\n";
+    return card + "END:VCARD\r\n";
+}
+
+// The names of the records here, one per card, sorted.
+inline QStringList namesHere()
+{
+    QStringList names;
+    for (const hb::localcards::LocalCard& card : hb::localcards::cardsOfTypes({1, 2}))
+        names << card.name;
+    names.sort();
+    return names;
+}
+
+// Empty when both sides hold the same records: as many cards as records, of the same names, no UID twice.
+inline QString sidesDiffer(const QMap<QString, QByteArray>& serverCards)
+{
+    QStringList there, uids;
+    for (const QByteArray& card : serverCards) {
+        there << hb::localcards::nameOf(card);
+        uids << hb::localcards::uidOf(card);
+    }
+    there.sort();
+    const QStringList here = namesHere();
+    if (here != there)
+        return QStringLiteral("here %1 cards, there %2: %3 | %4")
+            .arg(here.size())
+            .arg(there.size())
+            .arg(here.join(QLatin1Char(',')), there.join(QLatin1Char(',')));
+    if (uids.removeDuplicates() > 0)
+        return QStringLiteral("a UID twice on the server");
+    return {};
+}
+
+// Types of the blank book: 1 "Business", 2 "Family", 3 "Friends"; Business and Family take part.
+class CardSyncFixture : public ProgramFixture {
+protected:
+    void SetUp() override
+    {
+        ProgramFixture::SetUp();
+        ASSERT_TRUE(server.isValid());
+        ASSERT_TRUE(setup());
+        hb::cardsync::ServerSettings settings;
+        settings.address = QStringLiteral("http://127.0.0.1:5232/");
+        settings.user = QStringLiteral("pat");
+        settings.bookUrl = QStringLiteral("http://127.0.0.1:5232/pat/book/");
+        settings.bookName = QStringLiteral("Contacts");
+        settings.types = {1, 2};
+        hb::cardsync::saveServerSettings(settings);
+        folder = server.path() + QStringLiteral("/book");
+        collection = std::make_unique<FolderCollection>(folder);
+    }
+    void TearDown() override
+    {
+        EXPECT_TRUE(questions.unused()) << "sync answers left unused";
+        collection.reset();
+        ProgramFixture::TearDown();
+    }
+
+    // A whole sync on the event loop; cancelAt: the progress step at which the user clicks Cancel.
+    hb::cardsync::SyncSummary sync(hb::carddav::CardCollection& remote, int cancelAt = -1)
+    {
+        hb::cardsync::CardSync engine(remote, hb::cardsync::serverSettings(), questions);
+        hb::cardsync::SyncSummary summary;
+        bool ended = false;
+        QObject::connect(&engine, &hb::cardsync::CardSync::finished, [&](const hb::cardsync::SyncSummary& s) {
+            summary = s;
+            ended = true;
+        });
+        QObject::connect(&engine, &hb::cardsync::CardSync::progress, [&](int done, int, const QString&) {
+            if (done == cancelAt)
+                engine.cancel();
+        });
+        engine.start();
+        EXPECT_TRUE(waitUntil(ended)) << "the sync did not end";
+        return summary;
+    }
+    hb::cardsync::SyncSummary sync() { return sync(*collection); }
+
+    static int count(const QString& sql)
+    {
+        hb::Recordset rs = hb::DB.openRecordset(sql);
+        return rs.value(rs.fieldNames().value(0)).toInt();
+    }
+
+    // Both sides hold the same records, and a sync after this one finds nothing to do.
+    void expectSidesEqual(hb::carddav::CardCollection& remote, const QMap<QString, QByteArray>& serverCards)
+    {
+        EXPECT_EQ(sidesDiffer(serverCards), QString());
+        const hb::cardsync::SyncSummary again = sync(remote);
+        EXPECT_EQ(again.cameIn + again.wentOut + again.deletedHere + again.deletedThere + again.skipped, 0)
+            << "a second sync found more to do: " << again.notes.join(QLatin1Char('|')).toStdString();
+    }
+    void expectSidesEqual() { expectSidesEqual(*collection, collection->cards()); }
+
+    QTemporaryDir server;
+    QString folder;
+    std::unique_ptr<FolderCollection> collection;
+    ScriptedQuestions questions;
+};
