@@ -14,6 +14,7 @@
 #include "exchange/serversettings.h"
 
 #include <QPlainTextEdit>
+#include <QPushButton>
 
 using namespace hb;
 
@@ -70,7 +71,7 @@ protected:
         QTest::keyClicks(edit, text);
     }
 
-    QString personEmail(int person) const
+    QString personEmail(int person)
     {
         QString email;
         EXPECT_TRUE(guarded([&] {
@@ -150,8 +151,8 @@ TEST_F(SyncWindowsTest, SyncNowSendsTheChosenTypesAndSaysWhatWentOut)
     syncNow();
     ASSERT_TRUE(dialogs().problems().isEmpty()) << dialogs().problems().join(QLatin1Char('\n')).toStdString();
     EXPECT_EQ(lastMessage().title, QStringLiteral("Sync Now"));
-    EXPECT_TRUE(lastMessage().text.startsWith(QStringLiteral("The sync with %1 is done.").arg(server.bookName()))) << lastMessage().text;
-    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Went out: 3"))) << lastMessage().text;
+    EXPECT_TRUE(lastMessage().text.startsWith(QStringLiteral("The sync with %1 is done.").arg(server.bookName()))) << lastMessage().text.toStdString();
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Went out: 3"))) << lastMessage().text.toStdString();
     EXPECT_EQ(DavPhone(server).hrefs().size(), 3) << "Acme, Ann and Bob; Nobody's type stays here";
     EXPECT_TRUE(listingsShown());
 }
@@ -163,7 +164,7 @@ TEST_F(SyncWindowsTest, WithoutAKeyringThePasswordIsAskedForAndCancelOfItSyncsNo
     dialogs().onModal([](QWidget& w) { QTRY_VERIFY_WITH_TIMEOUT(!w.isVisible(), SyncWait); });
     dialogs().onModal([](QWidget& w) { click(w, QStringLiteral("CommandCancel")); });
     ASSERT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuSyncNow"))->trigger(); }));
-    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("was cancelled"))) << lastMessage().text;
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("was cancelled"))) << lastMessage().text.toStdString();
     EXPECT_TRUE(DavPhone(server).hrefs().isEmpty());
 
     dialogs().onModal([](QWidget& w) { QTRY_VERIFY_WITH_TIMEOUT(!w.isVisible(), SyncWait); });
@@ -173,7 +174,7 @@ TEST_F(SyncWindowsTest, WithoutAKeyringThePasswordIsAskedForAndCancelOfItSyncsNo
         click(w, QStringLiteral("CommandOK"));
     });
     ASSERT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuSyncNow"))->trigger(); }));
-    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Went out: 3"))) << lastMessage().text;
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Went out: 3"))) << lastMessage().text.toStdString();
     EXPECT_TRUE(dialogs().problems().isEmpty()) << dialogs().problems().join(QLatin1Char('\n')).toStdString();
 }
 
@@ -206,7 +207,7 @@ TEST_F(SyncWindowsTest, ARecordChangedOnBothSidesShowsBothAndTheAnswerHolds)
     });
     ASSERT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuSyncNow"))->trigger(); }));
     EXPECT_TRUE(dialogs().problems().isEmpty()) << dialogs().problems().join(QLatin1Char('\n')).toStdString();
-    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Merged: 1"))) << lastMessage().text;
+    EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("Merged: 1"))) << lastMessage().text.toStdString();
     EXPECT_EQ(personEmail(1), QStringLiteral("ann@phone.example"));
 }
 
@@ -222,7 +223,7 @@ TEST_F(SyncWindowsTest, ASyncThatWouldDeleteMuchAsksFirstAndNoDeletesNothing)
     const auto& shown = dialogs().messages();
     ASSERT_GE(shown.size(), 2u);
     EXPECT_TRUE(shown[shown.size() - 2].text.startsWith(QStringLiteral("This sync would delete 3 of the ")))
-        << shown[shown.size() - 2].text;
+        << shown[shown.size() - 2].text.toStdString();
     EXPECT_EQ(personEmail(1), QStringLiteral("ann@home.example")) << "Ann is still here";
 }
 
