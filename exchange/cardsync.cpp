@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace hb::cardsync {
 
 CardSync::CardSync(carddav::CardCollection& remote, const ServerSettings& settings, SyncQuestions& questions, QObject* parent)
@@ -41,7 +43,7 @@ void CardSync::cancel()
     if (d->listing) {
         d->remote.cancel();
         d->listing = false;
-        QTimer::singleShot(0, this, [this] { d->finish(); });
+        QTimer::singleShot(0, this, [this] { d->ending ? d->end() : d->finish(); });
     }
 }
 
@@ -191,6 +193,8 @@ void CardSync::Private::planIncoming(const QVector<RemoteCard>& cards, const QSt
             add(here.name, [this, state, card] { settle(state, card); });
         }
     }
+    // In the order of their hrefs, so that a household is named alike whatever order the server lists in.
+    std::sort(newcomers.begin(), newcomers.end(), [](const RemoteCard& a, const RemoteCard& b) { return a.href < b.href; });
     QVector<vcardlistings::CardListing> readable;
     QVector<RemoteCard> readableCards;
     for (const RemoteCard& card : newcomers) {
@@ -314,18 +318,48 @@ void CardSync::Private::fail(const DavError& error)
 
 void CardSync::Private::finish()
 {
-    if (!running)
+    if (!running || ending)
         return;
-    running = false;
     summary.cancelled = summary.cancelled || cancelRequested;
     steps.clear();
-    // A token saved after a whole sync only: until then the next sync looks at the same changes again.
-    if (summary.error.ok() && !summary.cancelled && summary.skipped == 0) {
-        try {
-            syncstate::saveToken(token);
-        } catch (const DbError&) {
-        }
+    if (!summary.error.ok() || summary.cancelled || summary.skipped > 0 || token.isEmpty()) {
+        // The token stays (a server without tokens has none): the next sync looks at the same changes again.
+        end();
+        return;
     }
+    // A token of now, so that a card made in this sync and deleted before the next one is reported.
+    ending = true;
+    listing = true;
+    remote.changesSince(token, [this](carddav::Changes changes, DavError error) {
+        listing = false;
+        if (error.ok())
+            saveToken(changes);
+        end();
+    });
+}
+
+// Only a token after which nothing happened but this sync's own writes is kept; else the next sync lists
+// the whole address book.
+void CardSync::Private::saveToken(const carddav::Changes& changes)
+{
+    bool ours = !changes.complete || changes.changed.size() == states.size();
+    for (const RemoteCard& card : changes.changed) {
+        const auto known = states.constFind(card.href);
+        ours = ours && known != states.cend() && !card.etag.isEmpty() && known->etag == card.etag;
+    }
+    for (const QString& href : changes.removed)
+        ours = ours && !states.contains(href);
+    try {
+        syncstate::saveToken(ours ? changes.token : QString());
+    } catch (const DbError&) {
+        // Without it the next sync lists the whole address book.
+    }
+}
+
+void CardSync::Private::end()
+{
+    running = false;
+    ending = false;
     emit q.finished(summary);
 }
 

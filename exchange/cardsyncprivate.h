@@ -31,6 +31,7 @@ struct CardSync::Private {
     bool running = false;
     bool listing = false;              // the server's listing or its cards are on their way
     bool cancelRequested = false;
+    bool ending = false;               // asking for the token to keep
     bool deletionsAllowed = true;
     bool anotherPass = false;          // a step left this machine's side changed after its pass began
     int passes = 0;
@@ -59,6 +60,8 @@ struct CardSync::Private {
     void runNext();
     void fail(const DavError& error);
     void finish();
+    void saveToken(const carddav::Changes& changes);
+    void end();
     QSet<RecordKey> linkedRecords() const;
     CardState* stateOf(RecordKey record);
 

@@ -3,11 +3,15 @@
 // A book of the chosen types synced with a collection of cards; the questions of the sync answered from
 // queues that each test fills and that must be empty at its end.
 
+#include "davphone.h"
+#include "davserver.h"
 #include "foldercollection.h"
+#include "tappedcollection.h"
 #include "programfixture.h"
 #include "testdata.h"
 
 #include "core/session.h"
+#include "platform/carddav/davaccount.h"
 #include "exchange/cardsync.h"
 #include "exchange/localcards.h"
 #include "exchange/serversettings.h"
@@ -19,6 +23,8 @@
 #include <QTimer>
 
 #include <deque>
+#include <optional>
+#include <tuple>
 
 class ScriptedQuestions : public hb::cardsync::SyncQuestions {
 public:
@@ -135,13 +141,37 @@ inline QString sidesDiffer(const QMap<QString, QByteArray>& serverCards)
     return {};
 }
 
+// The collection a sync test runs against: a folder, or Debian's Radicale or Xandikos started for it.
+enum class Backend { Folder, Radicale, Xandikos };
+
+inline std::string backendName(const ::testing::TestParamInfo<Backend>& info)
+{
+    return info.param == Backend::Folder ? "Folder" : info.param == Backend::Radicale ? "Radicale" : "Xandikos";
+}
+
+// Runs the event loop until the operation has answered; its answer.
+template <typename... Args, typename Start>
+std::tuple<Args...> answerOf(Start start)
+{
+    std::optional<std::tuple<Args...>> answer;
+    bool answered = false;
+    start([&](Args... args) {
+        answer.emplace(std::move(args)...);
+        answered = true;
+    });
+    EXPECT_TRUE(waitUntil(answered)) << "no answer from the collection";
+    return answer.value_or(std::tuple<Args...>{});
+}
+
 // Types of the blank book: 1 "Business", 2 "Family", 3 "Friends"; Business and Family take part.
 class CardSyncFixture : public ProgramFixture {
 protected:
+    virtual Backend backend() const { return Backend::Folder; }
+
     void SetUp() override
     {
         ProgramFixture::SetUp();
-        ASSERT_TRUE(server.isValid());
+        ASSERT_TRUE(storage.isValid());
         ASSERT_TRUE(setup());
         hb::cardsync::ServerSettings settings;
         settings.address = QStringLiteral("http://127.0.0.1:5232/");
@@ -150,20 +180,55 @@ protected:
         settings.bookName = QStringLiteral("Contacts");
         settings.types = {1, 2};
         hb::cardsync::saveServerSettings(settings);
-        folder = server.path() + QStringLiteral("/book");
-        collection = std::make_unique<FolderCollection>(folder);
+        if (backend() == Backend::Folder) {
+            folder = storage.path() + QStringLiteral("/book");
+            collection = std::make_unique<FolderCollection>(folder);
+            remote = collection.get();
+            return;
+        }
+        server = std::make_unique<DavServer>(backend() == Backend::Radicale ? DavServer::Kind::Radicale : DavServer::Kind::Xandikos);
+        ASSERT_TRUE(server->start()) << server->error().toStdString();
+        connectServer();
     }
     void TearDown() override
     {
         EXPECT_TRUE(questions.unused()) << "sync answers left unused";
         collection.reset();
+        account.reset();
         ProgramFixture::TearDown();
     }
 
-    // A whole sync on the event loop; cancelAt: the progress step at which the user clicks Cancel.
-    hb::cardsync::SyncSummary sync(hb::carddav::CardCollection& remote, int cancelAt = -1)
+    // A collection of the server where it now listens.
+    void connectServer()
     {
-        hb::cardsync::CardSync engine(remote, hb::cardsync::serverSettings(), questions);
+        phone = std::make_unique<DavPhone>(*server);
+        account = std::make_unique<hb::carddav::DavAccount>(
+            hb::carddav::Account{server->hostPort(), server->user(), server->password(), {}});
+        remote = account->collection(server->bookUrl(), account.get());
+    }
+
+    // The server stops answering: the folder's requests fail, the real server is killed.
+    void stopServer()
+    {
+        if (collection)
+            collection->goAway();
+        else
+            server->stop();
+    }
+    // The real server starts again at another port, on the same storage; the address book is there already,
+    // so that its making is refused, which is no fault here.
+    void restartServer()
+    {
+        if (collection)
+            return collection->comeBack();
+        server->start();
+        connectServer();
+    }
+
+    // A whole sync on the event loop; cancelAt: the progress step at which the user clicks Cancel.
+    hb::cardsync::SyncSummary sync(hb::carddav::CardCollection& on, int cancelAt = -1)
+    {
+        hb::cardsync::CardSync engine(on, hb::cardsync::serverSettings(), questions);
         hb::cardsync::SyncSummary summary;
         bool ended = false;
         QObject::connect(&engine, &hb::cardsync::CardSync::finished, [&](const hb::cardsync::SyncSummary& s) {
@@ -178,7 +243,48 @@ protected:
         EXPECT_TRUE(waitUntil(ended)) << "the sync did not end";
         return summary;
     }
-    hb::cardsync::SyncSummary sync() { return sync(*collection); }
+    hb::cardsync::SyncSummary sync() { return sync(*remote); }
+
+    // The phone's side: another device that writes on the same address book.
+    QString phoneHref(const QString& name) const
+    {
+        return phone ? phone->hrefOf(name) : QStringLiteral("/book/") + name + QStringLiteral(".vcf");
+    }
+    void phonePut(const QString& href, const QByteArray& card)
+    {
+        if (collection)
+            return collection->phonePut(href, card);
+        const DavPhone::Answer answer = phone->put(href, card, phone->get(href).etag);
+        EXPECT_TRUE(answer.status == 201 || answer.status == 204) << answer.status << answer.failure.toStdString();
+    }
+    void phoneRemove(const QString& href)
+    {
+        if (collection)
+            return collection->phoneRemove(href);
+        const DavPhone::Answer answer = phone->remove(href);
+        EXPECT_TRUE(answer.status == 200 || answer.status == 204) << answer.status << answer.failure.toStdString();
+    }
+    // Every card on the server, by href, as another client reads them.
+    QMap<QString, QByteArray> serverCards()
+    {
+        if (collection)
+            return collection->cards();
+        hb::carddav::DavAccount reader({server->hostPort(), server->user(), server->password(), {}});
+        hb::carddav::CardCollection* book = reader.collection(server->bookUrl(), &reader);
+        const auto [changes, error] = answerOf<hb::carddav::Changes, hb::carddav::DavError>(
+            [&](auto done) { book->changesSince({}, done); });
+        EXPECT_TRUE(error.ok()) << error.text.toStdString();
+        QStringList hrefs;
+        for (const hb::carddav::RemoteCard& card : changes.changed)
+            hrefs << card.href;
+        const auto [cards, fetchError] = answerOf<QVector<hb::carddav::RemoteCard>, hb::carddav::DavError>(
+            [&](auto done) { book->fetch(hrefs, done); });
+        EXPECT_TRUE(fetchError.ok()) << fetchError.text.toStdString();
+        QMap<QString, QByteArray> all;
+        for (const hb::carddav::RemoteCard& card : cards)
+            all.insert(card.href, card.data);
+        return all;
+    }
 
     static int count(const QString& sql)
     {
@@ -187,17 +293,20 @@ protected:
     }
 
     // Both sides hold the same records, and a sync after this one finds nothing to do.
-    void expectSidesEqual(hb::carddav::CardCollection& remote, const QMap<QString, QByteArray>& serverCards)
+    void expectSidesEqual()
     {
-        EXPECT_EQ(sidesDiffer(serverCards), QString());
-        const hb::cardsync::SyncSummary again = sync(remote);
+        EXPECT_EQ(sidesDiffer(serverCards()), QString());
+        const hb::cardsync::SyncSummary again = sync();
         EXPECT_EQ(again.cameIn + again.wentOut + again.deletedHere + again.deletedThere + again.skipped, 0)
             << "a second sync found more to do: " << again.notes.join(QLatin1Char('|')).toStdString();
     }
-    void expectSidesEqual() { expectSidesEqual(*collection, collection->cards()); }
 
-    QTemporaryDir server;
+    QTemporaryDir storage;
     QString folder;
     std::unique_ptr<FolderCollection> collection;
+    std::unique_ptr<DavServer> server;
+    std::unique_ptr<DavPhone> phone;
+    std::unique_ptr<hb::carddav::DavAccount> account;
+    hb::carddav::CardCollection* remote = nullptr;
     ScriptedQuestions questions;
 };

@@ -25,7 +25,7 @@ const char* const EqualMark = "HB-SIDES-EQUAL";
 QString env(const char* name) { return qEnvironmentVariable(name); }
 
 // A sync as the user runs it, every conflict kept as this machine has it.
-cardsync::SyncSummary runSync(FolderCollection& remote, int killAtStep)
+cardsync::SyncSummary runSync(carddav::CardCollection& remote, int killAtStep)
 {
     ScriptedQuestions questions;
     questions.answerConflict(cardsync::ConflictAnswer::KeepThisMachines, true);
@@ -99,9 +99,10 @@ TEST(SyncKillChild, DISABLED_SyncsAsItsEnvironmentSays)
     if (job == QLatin1String("prepare")) {
         prepare(remote);
     } else if (job == QLatin1String("sync")) {
-        remote.killAfterWrite(env("HB_SYNC_KILL_WRITE").isEmpty() ? -1 : env("HB_SYNC_KILL_WRITE").toInt());
-        runSync(remote, env("HB_SYNC_KILL_STEP").isEmpty() ? -1 : env("HB_SYNC_KILL_STEP").toInt());
-        std::printf("HB-WRITES %d\n", remote.writes());
+        TappedCollection tapped(remote);
+        tapped.killAfterWrite(env("HB_SYNC_KILL_WRITE").isEmpty() ? -1 : env("HB_SYNC_KILL_WRITE").toInt());
+        runSync(tapped, env("HB_SYNC_KILL_STEP").isEmpty() ? -1 : env("HB_SYNC_KILL_STEP").toInt());
+        std::printf("HB-WRITES %d\n", tapped.writes());
     } else {
         const cardsync::SyncSummary summary = runSync(remote, -1);
         const QString differ = sidesDiffer(remote.cards());

@@ -8,7 +8,6 @@
 #include <QSaveFile>
 #include <QTimer>
 
-#include <csignal>
 
 using namespace hb::carddav;
 
@@ -39,12 +38,6 @@ void FolderCollection::later(Answer answer)
         if (generation == generation_)
             answer();
     });
-}
-
-bool FolderCollection::gone()
-{
-    ++requests_;
-    return goAwayAfter_ >= 0 && requests_ > goAwayAfter_;
 }
 
 QString FolderCollection::pathOf(const QString& href) const
@@ -166,8 +159,6 @@ void FolderCollection::put(const QString& href, const QByteArray& card, const QS
         later([done] { done({}, error(DavError::Kind::Network, 0, QStringLiteral("The connection was lost."))); });
         return;
     }
-    if (beforeWrite_)
-        beforeWrite_(href);
     const QString current = etagOf(href);
     if ((ifMatch.isEmpty() && !current.isEmpty()) || (!ifMatch.isEmpty() && current != ifMatch)) {
         later([done] { done({}, error(DavError::Kind::Changed, 412, QStringLiteral("The card changed on the server."))); });
@@ -178,8 +169,6 @@ void FolderCollection::put(const QString& href, const QByteArray& card, const QS
     file.write(card);
     file.commit();
     journal(href);
-    if (++writes_ == killAfterWrite_)
-        std::raise(SIGKILL);
     later([done, etag = etagOf(href)] { done(etag, {}); });
 }
 
@@ -189,8 +178,6 @@ void FolderCollection::remove(const QString& href, const QString& ifMatch, std::
         later([done] { done(error(DavError::Kind::Network, 0, QStringLiteral("The connection was lost."))); });
         return;
     }
-    if (beforeWrite_)
-        beforeWrite_(href);
     const QString current = etagOf(href);
     if (current.isEmpty()) {
         later([done] { done(error(DavError::Kind::NotFound, 404, QStringLiteral("No such card."))); });
@@ -202,8 +189,6 @@ void FolderCollection::remove(const QString& href, const QString& ifMatch, std::
     }
     QFile::remove(pathOf(href));
     journal(href);
-    if (++writes_ == killAfterWrite_)
-        std::raise(SIGKILL);
     later([done] { done({}); });
 }
 

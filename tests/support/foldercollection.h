@@ -3,14 +3,12 @@
 // A collection of cards kept in a folder, one file a card, as a server keeps them: the sync's tests run
 // against it before and beside a real server. Every answer comes later on the event loop. What is in the
 // folder outlives the process, so that a sync killed in a child process is followed by one in the test.
-// Switches make it refuse as servers do: a card changed by "the phone" just before a write lands (412),
-// a server that goes away after some requests, a process killed at a chosen write.
+// It may go away after some requests, as a server does; TappedCollection puts the test's hands on it.
 
 #include "platform/carddav/cardcollection.h"
 
 #include <QMap>
 
-#include <functional>
 
 class FolderCollection : public hb::carddav::CardCollection {
 public:
@@ -31,29 +29,20 @@ public:
     QMap<QString, QByteArray> cards() const;       // by href
     QString etagOf(const QString& href) const;
 
-    // Runs just before the write of that href lands, as a phone that was quicker.
-    void beforeWrite(std::function<void(const QString& href)> hook) { beforeWrite_ = std::move(hook); }
-    // After that many requests every request fails as a lost connection does.
-    void goAwayAfter(int requests) { goAwayAfter_ = requests; }
-    // The process is killed (SIGKILL) right after the write of that number (from 1) has landed.
-    void killAfterWrite(int write) { killAfterWrite_ = write; }
-    int requests() const { return requests_; }
-    int writes() const { return writes_; }
+    // From now on every request fails as a lost connection does, until it comes back.
+    void goAway() { gone_ = true; }
+    void comeBack() { gone_ = false; }
 
 private:
     QString pathOf(const QString& href) const;
     void journal(const QString& href);
     QStringList journalLines() const;
-    bool gone();
+    bool gone() const { return gone_; }
     template <typename Answer>
     void later(Answer answer);
 
     QString folder_;
     bool withTokens_;
     int generation_ = 0;
-    int requests_ = 0;
-    int writes_ = 0;
-    int goAwayAfter_ = -1;
-    int killAfterWrite_ = -1;
-    std::function<void(const QString&)> beforeWrite_;
+    bool gone_ = false;
 };
