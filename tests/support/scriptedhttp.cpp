@@ -1,5 +1,6 @@
 #include "scriptedhttp.h"
 
+#include <QPointer>
 #include <QTcpSocket>
 
 #include <memory>
@@ -68,14 +69,17 @@ void ScriptedHttpServer::connected()
 
 void ScriptedHttpServer::readFrom(QTcpSocket* socket)
 {
-    QByteArray& bytes = pending_[socket];
-    bytes += socket->readAll();
+    // A script that closes the connection drops its pending bytes at once, so they are worked on here.
+    QByteArray bytes = pending_.take(socket) + socket->readAll();
+    QPointer<QTcpSocket> open(socket);
     HttpRequest request;
-    while (takeRequest(bytes, request)) {
+    while (open && open->state() == QAbstractSocket::ConnectedState && takeRequest(bytes, request)) {
         requests_ << request;
         script_(request, *socket);
         request = HttpRequest();
     }
+    if (open && open->state() == QAbstractSocket::ConnectedState)
+        pending_.insert(socket, bytes);
 }
 
 void ScriptedHttpServer::reply(QTcpSocket& socket, int status, const QByteArray& body, const QList<QByteArray>& headers)
