@@ -315,3 +315,28 @@ TEST_F(CardSyncFixture, WithoutSyncTokensTheListingFindsChangesAndDeletions)
 
 INSTANTIATE_TEST_SUITE_P(EachServer, CardSyncTest, ::testing::Values(Backend::Folder, Backend::Radicale, Backend::Xandikos),
                          backendName);
+
+// A password refused and a server that is no CardDAV server: the sync ends with the server's reason and
+// nothing changes here.
+TEST_F(CardSyncFixture, AWrongPasswordOrAPlainWebServerEndTheSyncWithItsReasonAndChangeNothing)
+{
+    fillBook(30);
+    const int listings = count(QStringLiteral("select count(*) from Roof"));
+    DavServer radicale(DavServer::Kind::Radicale);
+    DavServer web(DavServer::Kind::PlainWeb);
+    ASSERT_TRUE(radicale.start()) << radicale.error().toStdString();
+    ASSERT_TRUE(web.start()) << web.error().toStdString();
+    carddav::DavAccount wrong({radicale.hostPort(), radicale.user(), QStringLiteral("not the password"), {}});
+    carddav::DavAccount plain({web.hostPort(), QStringLiteral("pat"), QStringLiteral("pw"), {}});
+    const std::pair<carddav::CardCollection*, carddav::DavError::Kind> cases[] = {
+        {wrong.collection(radicale.bookUrl(), &wrong), carddav::DavError::Kind::Auth},
+        {plain.collection(web.baseUrl() + QStringLiteral("/contacts/"), &plain), carddav::DavError::Kind::NotCardDav}};
+    for (const auto& [book, kind] : cases) {
+        const SyncSummary summary = sync(*book);
+        EXPECT_EQ(summary.error.kind, kind) << summary.error.text.toStdString();
+        EXPECT_FALSE(summary.error.text.isEmpty());
+        EXPECT_EQ(summary.wentOut + summary.cameIn + summary.deletedHere, 0);
+    }
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Roof")), listings);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from SyncCard")), 0);
+}
