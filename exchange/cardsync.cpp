@@ -119,8 +119,9 @@ void CardSync::Private::listed(const carddav::Changes& changes, const DavError& 
 
 void CardSync::Private::add(const QString& what, std::function<void()> step)
 {
+    // Steps without a name (the planning between the two halves, the end) are not the user's cards.
     steps.emplace_back(what, std::move(step));
-    ++total;
+    total += what.isEmpty() ? 0 : 1;
 }
 
 void CardSync::Private::next()

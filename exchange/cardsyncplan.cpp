@@ -105,7 +105,14 @@ void CardSync::Private::planNewcomers(QVector<RemoteCard> newcomers)
             summary.notes << QStringLiteral("%1: not a contact card.").arg(card.href);
             continue;
         }
-        readable << vcardlistings::fromCard(read.cards.front());
+        const vcardlistings::CardListing listing = vcardlistings::fromCard(read.cards.front());
+        // As the import does not write a record without any name, neither does the sync.
+        if (listing.record.RoofName.trimmed().isEmpty()) {
+            ++summary.skipped;
+            summary.notes << QStringLiteral("%1: a card without a name.").arg(card.href);
+            continue;
+        }
+        readable << listing;
         readableCards << card;
     }
     for (const QVector<qsizetype>& group : vcardlistings::householdGroups(readable)) {

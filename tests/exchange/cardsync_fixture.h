@@ -253,10 +253,12 @@ protected:
             summary = s;
             ended = true;
         });
-        QObject::connect(&engine, &hb::cardsync::CardSync::progress, [&](int done, int, const QString&) {
+        QObject::connect(&engine, &hb::cardsync::CardSync::progress, [&](int done, int total, const QString&) {
+            lastProgress = {done, total};
             if (done == cancelAt)
                 engine.cancel();
         });
+        lastProgress = {0, 0};
         engine.start();
         EXPECT_TRUE(waitUntil(ended)) << "the sync did not end";
         return summary;
@@ -314,4 +316,5 @@ protected:
     std::unique_ptr<hb::carddav::DavAccount> account;
     hb::carddav::CardCollection* remote = nullptr;
     ScriptedQuestions questions;
+    std::pair<int, int> lastProgress;  // the last step shown of the last sync, and of how many
 };

@@ -69,6 +69,7 @@ TEST_P(CardSyncTest, FirstSyncUpFromABookOf200Listings)
     const SyncSummary summary = sync();
     EXPECT_TRUE(summary.error.ok());
     EXPECT_EQ(summary.wentOut, cards);
+    EXPECT_EQ(lastProgress, std::make_pair(cards, cards)) << "one step a card, the last one shown as the last";
     EXPECT_EQ(summary.cameIn, 0);
     EXPECT_EQ(serverCards().size(), cards);
     for (const QByteArray& card : serverCards())
@@ -285,14 +286,16 @@ TEST_P(CardSyncTest, ACardThatWentOutWithoutItsRowIsFoundByItsUid)
 }
 
 // The servers refuse to keep what is no vCard; the client's own tests play a hostile one.
-TEST_F(CardSyncFixture, ACardThatIsNoContactCardIsSkippedWithItsReason)
+TEST_F(CardSyncFixture, ACardThatIsNoContactCardOrHasNoNameIsSkippedWithItsReason)
 {
     fillBook(60);
     sync();
     phonePut(QStringLiteral("/book/x.vcf"), "<html>not a card</html>");
+    phonePut(QStringLiteral("/book/y.vcf"), "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:y\r\nNOTE:who?\r\nEND:VCARD\r\n");
     const SyncSummary summary = sync();
-    EXPECT_EQ(summary.skipped, 1);
-    EXPECT_EQ(summary.notes, QStringList{QStringLiteral("The card /book/x.vcf on the server is not a vCard.")});
+    EXPECT_EQ(summary.skipped, 2);
+    EXPECT_EQ(summary.notes, (QStringList{QStringLiteral("The card /book/x.vcf on the server is not a vCard."),
+                                          QStringLiteral("/book/y.vcf: a card without a name.")}));
     EXPECT_EQ(summary.cameIn, 0);
 }
 
