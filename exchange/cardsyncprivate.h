@@ -8,6 +8,7 @@
 #include "exchange/syncstate.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <deque>
 #include <functional>
@@ -50,11 +51,9 @@ struct CardSync::Private {
     {
     }
 
-    // cardsync.cpp: the plan
+    // cardsync.cpp: the run
     void begin();
     void listed(const carddav::Changes& changes, const DavError& error);
-    void planIncoming(const QVector<RemoteCard>& cards, const QStringList& removed, qsizetype listed);
-    void planOutgoing();
     void add(const QString& what, std::function<void()> step);
     void next();
     void runNext();
@@ -62,8 +61,15 @@ struct CardSync::Private {
     void finish();
     void saveToken(const carddav::Changes& changes);
     void end();
+
+    // cardsyncplan.cpp: the plan
+    void planIncoming(const QVector<RemoteCard>& cards, const QStringList& removed, qsizetype listed);
+    void planKnown(CardState state, const RemoteCard& card);
+    bool linkMine(const RemoteCard& card, QHash<QString, RecordKey>& unlinkedByUid);
+    void planNewcomers(QVector<RemoteCard> newcomers);
+    void planDeletions(const QStringList& removed, const QSet<QString>& seen, qsizetype listed);
+    void planOutgoing();
     QSet<RecordKey> linkedRecords() const;
-    CardState* stateOf(RecordKey record);
 
     // cardsyncsteps.cpp: one card each
     void takeChange(CardState state, const RemoteCard& card);

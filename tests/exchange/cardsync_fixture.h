@@ -163,6 +163,24 @@ std::tuple<Args...> answerOf(Start start)
     return answer.value_or(std::tuple<Args...>{});
 }
 
+// Every card of a collection, by href, read through it.
+inline QMap<QString, QByteArray> cardsOn(hb::carddav::CardCollection& book)
+{
+    const auto [changes, error] = answerOf<hb::carddav::Changes, hb::carddav::DavError>(
+        [&](auto done) { book.changesSince({}, done); });
+    EXPECT_TRUE(error.ok()) << error.text.toStdString();
+    QStringList hrefs;
+    for (const hb::carddav::RemoteCard& card : changes.changed)
+        hrefs << card.href;
+    const auto [cards, fetchError] = answerOf<QVector<hb::carddav::RemoteCard>, hb::carddav::DavError>(
+        [&](auto done) { book.fetch(hrefs, done); });
+    EXPECT_TRUE(fetchError.ok()) << fetchError.text.toStdString();
+    QMap<QString, QByteArray> all;
+    for (const hb::carddav::RemoteCard& card : cards)
+        all.insert(card.href, card.data);
+    return all;
+}
+
 // Types of the blank book: 1 "Business", 2 "Family", 3 "Friends"; Business and Family take part.
 class CardSyncFixture : public ProgramFixture {
 protected:
@@ -235,10 +253,12 @@ protected:
             summary = s;
             ended = true;
         });
-        QObject::connect(&engine, &hb::cardsync::CardSync::progress, [&](int done, int, const QString&) {
+        QObject::connect(&engine, &hb::cardsync::CardSync::progress, [&](int done, int total, const QString&) {
+            lastProgress = {done, total};
             if (done == cancelAt)
                 engine.cancel();
         });
+        lastProgress = {0, 0};
         engine.start();
         EXPECT_TRUE(waitUntil(ended)) << "the sync did not end";
         return summary;
@@ -270,20 +290,7 @@ protected:
         if (collection)
             return collection->cards();
         hb::carddav::DavAccount reader({server->hostPort(), server->user(), server->password(), {}});
-        hb::carddav::CardCollection* book = reader.collection(server->bookUrl(), &reader);
-        const auto [changes, error] = answerOf<hb::carddav::Changes, hb::carddav::DavError>(
-            [&](auto done) { book->changesSince({}, done); });
-        EXPECT_TRUE(error.ok()) << error.text.toStdString();
-        QStringList hrefs;
-        for (const hb::carddav::RemoteCard& card : changes.changed)
-            hrefs << card.href;
-        const auto [cards, fetchError] = answerOf<QVector<hb::carddav::RemoteCard>, hb::carddav::DavError>(
-            [&](auto done) { book->fetch(hrefs, done); });
-        EXPECT_TRUE(fetchError.ok()) << fetchError.text.toStdString();
-        QMap<QString, QByteArray> all;
-        for (const hb::carddav::RemoteCard& card : cards)
-            all.insert(card.href, card.data);
-        return all;
+        return cardsOn(*reader.collection(server->bookUrl(), &reader));
     }
 
     static int count(const QString& sql)
@@ -309,4 +316,5 @@ protected:
     std::unique_ptr<hb::carddav::DavAccount> account;
     hb::carddav::CardCollection* remote = nullptr;
     ScriptedQuestions questions;
+    std::pair<int, int> lastProgress;  // the last step shown of the last sync, and of how many
 };

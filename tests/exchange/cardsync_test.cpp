@@ -69,6 +69,7 @@ TEST_P(CardSyncTest, FirstSyncUpFromABookOf200Listings)
     const SyncSummary summary = sync();
     EXPECT_TRUE(summary.error.ok());
     EXPECT_EQ(summary.wentOut, cards);
+    EXPECT_EQ(lastProgress, std::make_pair(cards, cards)) << "one step a card, the last one shown as the last";
     EXPECT_EQ(summary.cameIn, 0);
     EXPECT_EQ(serverCards().size(), cards);
     for (const QByteArray& card : serverCards())
@@ -285,14 +286,16 @@ TEST_P(CardSyncTest, ACardThatWentOutWithoutItsRowIsFoundByItsUid)
 }
 
 // The servers refuse to keep what is no vCard; the client's own tests play a hostile one.
-TEST_F(CardSyncFixture, ACardThatIsNoContactCardIsSkippedWithItsReason)
+TEST_F(CardSyncFixture, ACardThatIsNoContactCardOrHasNoNameIsSkippedWithItsReason)
 {
     fillBook(60);
     sync();
     phonePut(QStringLiteral("/book/x.vcf"), "<html>not a card</html>");
+    phonePut(QStringLiteral("/book/y.vcf"), "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:y\r\nNOTE:who?\r\nEND:VCARD\r\n");
     const SyncSummary summary = sync();
-    EXPECT_EQ(summary.skipped, 1);
-    EXPECT_EQ(summary.notes, QStringList{QStringLiteral("The card /book/x.vcf on the server is not a vCard.")});
+    EXPECT_EQ(summary.skipped, 2);
+    EXPECT_EQ(summary.notes, (QStringList{QStringLiteral("The card /book/x.vcf on the server is not a vCard."),
+                                          QStringLiteral("/book/y.vcf: a card without a name.")}));
     EXPECT_EQ(summary.cameIn, 0);
 }
 
@@ -315,3 +318,28 @@ TEST_F(CardSyncFixture, WithoutSyncTokensTheListingFindsChangesAndDeletions)
 
 INSTANTIATE_TEST_SUITE_P(EachServer, CardSyncTest, ::testing::Values(Backend::Folder, Backend::Radicale, Backend::Xandikos),
                          backendName);
+
+// A password refused and a server that is no CardDAV server: the sync ends with the server's reason and
+// nothing changes here.
+TEST_F(CardSyncFixture, AWrongPasswordOrAPlainWebServerEndTheSyncWithItsReasonAndChangeNothing)
+{
+    fillBook(30);
+    const int listings = count(QStringLiteral("select count(*) from Roof"));
+    DavServer radicale(DavServer::Kind::Radicale);
+    DavServer web(DavServer::Kind::PlainWeb);
+    ASSERT_TRUE(radicale.start()) << radicale.error().toStdString();
+    ASSERT_TRUE(web.start()) << web.error().toStdString();
+    carddav::DavAccount wrong({radicale.hostPort(), radicale.user(), QStringLiteral("not the password"), {}});
+    carddav::DavAccount plain({web.hostPort(), QStringLiteral("pat"), QStringLiteral("pw"), {}});
+    const std::pair<carddav::CardCollection*, carddav::DavError::Kind> cases[] = {
+        {wrong.collection(radicale.bookUrl(), &wrong), carddav::DavError::Kind::Auth},
+        {plain.collection(web.baseUrl() + QStringLiteral("/contacts/"), &plain), carddav::DavError::Kind::NotCardDav}};
+    for (const auto& [book, kind] : cases) {
+        const SyncSummary summary = sync(*book);
+        EXPECT_EQ(summary.error.kind, kind) << summary.error.text.toStdString();
+        EXPECT_FALSE(summary.error.text.isEmpty());
+        EXPECT_EQ(summary.wentOut + summary.cameIn + summary.deletedHere, 0);
+    }
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Roof")), listings);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from SyncCard")), 0);
+}
