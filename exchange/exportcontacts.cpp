@@ -18,16 +18,6 @@
 
 namespace hb {
 
-QVector<qint32> FrmBackup::chosenTypes() const
-{
-    QVector<qint32> types;
-    for (int i = 0; i < lstTypes->listCount(); ++i) {
-        if (lstTypes->selected(i))
-            types << lstTypes->itemData(i);
-    }
-    return types;
-}
-
 // The refusals of the export of names, for a file of another kind; false leaves the window as it is.
 bool FrmBackup::contactExportTarget(const QString& extension, QString& target)
 {
@@ -72,7 +62,7 @@ void FrmBackup::runContactExport(const QString& extension, const ContactFile& ma
         return;
     SetFramePointer(11);
     int count = 0;
-    const bool written = writeContactFile(target, make(contactexport::listingsOfTypes(chosenTypes()), count));
+    const bool written = writeContactFile(target, make(contactexport::listingsOfTypes(lstTypes->selectedData()), count));
     SetFramePointer(0);
     if (!written)
         return;

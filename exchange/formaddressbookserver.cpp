@@ -126,16 +126,6 @@ void FormAddressBookServer::findFailed(const carddav::DavError& error)
     CommandFind_Click();
 }
 
-QVector<qint32> FormAddressBookServer::chosenTypes() const
-{
-    QVector<qint32> types;
-    for (int i = 0; i < ListTypes->listCount(); ++i) {
-        if (ListTypes->selected(i))
-            types << ListTypes->itemData(i);
-    }
-    return types;
-}
-
 void FormAddressBookServer::CommandAll_Click()
 {
     ListTypes->setAllSelected(true);
@@ -158,7 +148,7 @@ void FormAddressBookServer::CommandOK_Click()
     settings_.user = TextUser->text().trimmed();
     settings_.bookUrl = books_.at(book).url;
     settings_.bookName = books_.at(book).name;
-    settings_.types = chosenTypes();
+    settings_.types = ListTypes->selectedData();
     settings_.syncAtStart = CheckSyncAtStart->isChecked();
     settings_.syncAtEnd = CheckSyncAtEnd->isChecked();
     cardsync::saveServerSettings(settings_);

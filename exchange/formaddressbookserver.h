@@ -37,7 +37,6 @@ private:
     void buildControls();
     void showBooks(const QVector<carddav::AddressBook>& books);
     void findFailed(const carddav::DavError& error);
-    QVector<qint32> chosenTypes() const;
 
     cardsync::ServerSettings settings_;
     QVector<carddav::AddressBook> books_;

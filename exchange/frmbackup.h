@@ -85,7 +85,6 @@ private:
     void runContactExport(const QString& extension, const ContactFile& make);
     bool contactExportTarget(const QString& extension, QString& target);
     bool writeContactFile(const QString& target, const QByteArray& bytes);
-    QVector<qint32> chosenTypes() const;
 
     // Steps of the import, in importdatabase.cpp.
     void importRows();

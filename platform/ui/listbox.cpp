@@ -236,6 +236,16 @@ int ListBox::selectedCount() const
     return int(selectionModel()->selectedIndexes().size());
 }
 
+QVector<int> ListBox::selectedData() const
+{
+    QVector<int> data;
+    for (int i = 0; i < listCount(); ++i) {
+        if (selected(i))
+            data << itemData(i);
+    }
+    return data;
+}
+
 void ListBox::beginFill()
 {
     if (filling_++ > 0)

@@ -39,6 +39,8 @@ public:
     // Every item of a multi-selection list at once, with one click().
     void setAllSelected(bool on);
     int selectedCount() const;
+    // The numbers of the selected items, in list order.
+    QVector<int> selectedData() const;
 
     // Filling or highlighting by code between beginFill() and endFill() (they nest) raises no click(), and
     // the view takes the changes in once at the end: a sorted list is put in order then, and its highlights
