@@ -73,10 +73,7 @@ protected:
     {
         startAtOne();
         const QString pdf = dir.filePath(name);
-        PrintCapture capture;
-        capture.toPdf(pdf);
-        dialogs().answerPrinter(true);
-        EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
+        printThroughMenu(PrintTo::PdfFile, pdf);
         return pdf;
     }
     // Printed to the CUPS PDF queue; the words of the first page that came out.
@@ -84,10 +81,7 @@ protected:
     {
         startAtOne();
         const QDateTime since = QDateTime::currentDateTime().addSecs(-1);
-        PrintCapture capture;
-        capture.toQueue(CupsPdfQueue);
-        dialogs().answerPrinter(true);
-        EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
+        printThroughMenu(PrintTo::Queue, CupsPdfQueue);
         const QString pdf = cupsPdfOutput(w->ezLabel().piecename(), since);
         EXPECT_FALSE(pdf.isEmpty()) << "nothing came out of the queue";
         const QVector<PdfWord> result = pdfWords(pdf);

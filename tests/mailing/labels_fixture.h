@@ -3,6 +3,7 @@
 #include "programfixture.h"
 #include "testdata.h"
 #include "windowdriver.h"
+#include "../reports/printcapture.h"
 
 #include "core/forms.h"
 #include "core/frmmdi.h"
@@ -46,6 +47,24 @@ protected:
         if (!guarded([] { control<QAction>(*hb::FrmMDI::instance(), QStringLiteral("mnuLabels"))->trigger(); }))
             return nullptr;
         return hb::forms::loaded<hb::FrmLabels>();
+    }
+
+    // File > Print with a preview up, into a PDF file or a print queue: the print dialog is accepted as it
+    // stands, or answered by the script given.
+    enum class PrintTo { PdfFile, Queue };
+    void printThroughMenu(PrintTo to, const QString& target, ScriptedWindows::PrinterScript answer = {})
+    {
+        PrintCapture capture;
+        if (to == PrintTo::Queue)
+            capture.toQueue(target);
+        else
+            capture.toPdf(target);
+        if (answer)
+            dialogs().scriptPrinter(std::move(answer));
+        else
+            dialogs().answerPrinter(true);
+        EXPECT_TRUE(guarded([] { control<QAction>(*hb::FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
+        EXPECT_EQ(capture.printersChosen(), 1);
     }
 
     static hb::ui::ListBox* list(QWidget& w, const char* name)

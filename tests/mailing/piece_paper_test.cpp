@@ -5,7 +5,6 @@
 #include "piece_pdf.h"
 #include "cupsqueue.h"
 
-#include "../reports/printcapture.h"
 
 #include "core/options.h"
 
@@ -35,10 +34,7 @@ protected:
         FrmMailIt* w = preview(piece);
         EXPECT_NE(w, nullptr);
         const QString pdf = dir.filePath(name);
-        PrintCapture capture;
-        capture.toPdf(pdf);
-        answerWithDefaultPaper();
-        EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
+        printThroughMenu(PrintTo::PdfFile, pdf, withDefaultPaper);
         return pdf;
     }
     FrmMailIt* preview(const QString& piece)
@@ -53,12 +49,10 @@ protected:
     }
     // The print dialog accepted as it comes: it has put the paper of the printer (A4 here) in the place
     // of the piece's own, keeping the orientation.
-    void answerWithDefaultPaper()
+    static bool withDefaultPaper(QPrinter& printer)
     {
-        dialogs().scriptPrinter([](QPrinter& printer) {
-            printer.setPageSize(QPageSize(QPageSize::A4));
-            return true;
-        });
+        printer.setPageSize(QPageSize(QPageSize::A4));
+        return true;
     }
     QTemporaryDir dir;
 };
@@ -133,10 +127,7 @@ TEST_F(PiecePaperTest, AnEnvelopeAndAPostCardReachThePrinterOnTheirOwnPaperFedSh
         FrmMailIt* w = preview(c.piece);
         ASSERT_NE(w, nullptr);
         const QDateTime since = QDateTime::currentDateTime().addSecs(-1);
-        PrintCapture capture;
-        capture.toQueue(CupsPdfQueue);
-        answerWithDefaultPaper();
-        EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
+        printThroughMenu(PrintTo::Queue, CupsPdfQueue, withDefaultPaper);
         const QString pdf = cupsPdfOutput(c.piece, since);
         ASSERT_FALSE(pdf.isEmpty()) << "no output of " << c.piece.toStdString();
         EXPECT_EQ(pdfMediaBoxes(pdf), QStringList(3, c.box)) << c.piece.toStdString();

@@ -5,7 +5,6 @@
 #include "labels_fixture.h"
 #include "piece_pdf.h"
 
-#include "../reports/printcapture.h"
 
 #include "mailing/startpositions.h"
 #include "platform/label/catalogue.h"
@@ -36,10 +35,7 @@ protected:
     QString print(const QString& name)
     {
         const QString pdf = dir.filePath(name);
-        PrintCapture capture;
-        capture.toPdf(pdf);
-        dialogs().answerPrinter(true);
-        EXPECT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuPrint"))->trigger(); }));
+        printThroughMenu(PrintTo::PdfFile, pdf);
         return pdf;
     }
     // Picks a position on the drawing of the sheet with the mouse; gives back the place the dialog named.
