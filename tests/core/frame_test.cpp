@@ -37,7 +37,8 @@ constexpr const char* plainButtons = "Print Bold Italic Left Center Right Grid c
 constexpr const char* labelItems = "mnuPageSetup mnuPrint mnuPrinterSetup mnu_Font mnuSearch mnuLabels";
 constexpr const char* labelButtons = "Print Bold Italic Left Center Right Grid cmbFonts cmbFontSize find Labels";
 constexpr const char* updateItems = "mnuPageSetup mnuPrint mnuPrinterSetup mnuBackUp mnuRestore mnuExport mnuImport "
-                                    "mnuExportVCards mnuExportBirthdays mnuExitProgram mnuAddress mnuBirthDates mnuLabels mnuNameYourOwn mnuSearch mnu_Font";
+                                    "mnuExportVCards mnuExportBirthdays mnuExitProgram mnuAddress mnuBirthDates mnuLabels mnuNameYourOwn "
+                                    "mnuAddressBookServer mnuSyncNow mnuSearch mnu_Font";
 constexpr const char* updateButtons = "find Address Birthdays Labels Print Bold Italic Left Center Right Grid "
                                       "cmbFonts cmbFontSize";
 
