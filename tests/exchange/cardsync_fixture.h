@@ -4,6 +4,7 @@
 // queues that each test fills and that must be empty at its end.
 
 #include "davphone.h"
+#include "davanswers.h"
 #include "davserver.h"
 #include "foldercollection.h"
 #include "tappedcollection.h"
@@ -147,20 +148,6 @@ enum class Backend { Folder, Radicale, Xandikos };
 inline std::string backendName(const ::testing::TestParamInfo<Backend>& info)
 {
     return info.param == Backend::Folder ? "Folder" : info.param == Backend::Radicale ? "Radicale" : "Xandikos";
-}
-
-// Runs the event loop until the operation has answered; its answer.
-template <typename... Args, typename Start>
-std::tuple<Args...> answerOf(Start start)
-{
-    std::optional<std::tuple<Args...>> answer;
-    bool answered = false;
-    start([&](Args... args) {
-        answer.emplace(std::move(args)...);
-        answered = true;
-    });
-    EXPECT_TRUE(waitUntil(answered)) << "no answer from the collection";
-    return answer.value_or(std::tuple<Args...>{});
 }
 
 // Every card of a collection, by href, read through it.

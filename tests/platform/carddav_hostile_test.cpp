@@ -2,7 +2,7 @@
 // answers end with a clear error in time, redirects keep the method, digest authentication answers.
 
 #include "../support/scriptedhttp.h"
-#include "carddav_support.h"
+#include "../support/davanswers.h"
 #include "platform/carddav/davaccount.h"
 
 #include <QCryptographicHash>

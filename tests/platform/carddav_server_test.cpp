@@ -3,7 +3,7 @@
 
 #include "../support/davphone.h"
 #include "../support/davserver.h"
-#include "carddav_support.h"
+#include "../support/davanswers.h"
 #include "platform/carddav/davaccount.h"
 
 #include <QSet>
