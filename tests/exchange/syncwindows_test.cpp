@@ -167,13 +167,20 @@ TEST_F(SyncWindowsTest, WithoutAKeyringThePasswordIsAskedForAndEachCancelSyncsNo
 {
     setUpServer();
     KeyringInPlace none(false);
-    dialogs().onModal([](QWidget& w) { click(w, QStringLiteral("CommandCancel")); });
+    dialogs().onModal([](QWidget& w) {
+        EXPECT_EQ(w.objectName(), FormSyncProgress::staticFormName());
+        click(w, QStringLiteral("CommandCancel"));
+    });
     ASSERT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuSyncNow"))->trigger(); }));
     EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("was cancelled"))) << lastMessage().text.toStdString();
     QTest::qWait(50);   // the keyring's late answer asks nothing once the sync was cancelled
 
     dialogs().onModal([](QWidget& w) { QTRY_VERIFY_WITH_TIMEOUT(!w.isVisible(), SyncWait); });
-    dialogs().onModal([](QWidget& w) { click(w, QStringLiteral("CommandCancel")); });
+    dialogs().onModal([](QWidget& w) {
+        EXPECT_EQ(w.objectName(), FormServerPassword::staticFormName());
+        keepPicture(&w, QStringLiteral("server-password"));
+        click(w, QStringLiteral("CommandCancel"));
+    });
     ASSERT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuSyncNow"))->trigger(); }));
     EXPECT_TRUE(lastMessage().text.contains(QStringLiteral("was cancelled"))) << lastMessage().text.toStdString();
     EXPECT_TRUE(DavPhone(server).hrefs().isEmpty());
