@@ -169,6 +169,7 @@ TEST_F(SyncWindowsTest, WithoutAKeyringThePasswordIsAskedForAndEachCancelSyncsNo
     KeyringInPlace none(false);
     dialogs().onModal([](QWidget& w) {
         EXPECT_EQ(w.objectName(), FormSyncProgress::staticFormName());
+        keepPicture(&w, QStringLiteral("sync-progress"));
         click(w, QStringLiteral("CommandCancel"));
     });
     ASSERT_TRUE(guarded([] { control<QAction>(*FrmMDI::instance(), QStringLiteral("mnuSyncNow"))->trigger(); }));
