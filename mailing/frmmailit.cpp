@@ -11,6 +11,7 @@
 #include "mailing/startpositions.h"
 #include "platform/label/catalogue.h"
 #include "platform/label/labelcontrol.h"
+#include "platform/storage/transaction.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -140,6 +141,9 @@ void FrmMailIt::LoadMailIt()
     ezLabel1->setVisible(false);
     ezLabel1->setRedraw(false);
     ezLabel1->sheetMode = 1;
+    // One read of the book for all pieces: each piece reads its listing and its individuals, and a read
+    // begun for every one of them would spend more on the file's locks than on the rows.
+    storage::Transaction oneRead(DB);
     LabelsRS = DB.openRecordset(QStringLiteral("RptLabels"));
     QVector<int> roofOfPiece;
     for (; !LabelsRS.eof(); LabelsRS.moveNext()) {
@@ -152,6 +156,7 @@ void FrmMailIt::LoadMailIt()
         ezLabel1->addPiece();
     }
     LabelsRS.close();
+    oneRead.commit();
     DebugLog(QStringLiteral("About to call MoveFirstPiece"));
     ezLabel1->moveFirstPiece();
     ezLabel1->setRedraw(true);

@@ -120,18 +120,19 @@ void Connection::rememberTable(const QString& asked, const QString& name)
     tables_.insert(asked, name);
 }
 
-sqlite3_stmt* Connection::takeIdle(const QString& sql, int& schemaVersion)
+sqlite3_stmt* Connection::takeIdle(const QString& sql, int& schemaVersion, std::any& notes)
 {
     const auto found = idle_.find(sql);
     if (found == idle_.end())
         return nullptr;
-    const Idle idle = found.value();
+    Idle idle = std::move(found.value());
     idle_.erase(found);
     // SQLite prepares a statement again for another program's change only when it runs; its columns
     // are described before that.
     if (idle.generation == generation
         && (sqlite3_column_count(idle.stmt) == 0 || idle.schemaVersion == this->schemaVersion())) {
         schemaVersion = idle.schemaVersion;
+        notes = std::move(idle.notes);
         return idle.stmt;
     }
     sqlite3_finalize(idle.stmt);
@@ -164,7 +165,8 @@ int Connection::schemaVersion()
     return version;
 }
 
-void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 preparedAt, int schemaVersion)
+void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 preparedAt, int schemaVersion,
+                          std::any notes)
 {
     constexpr int MostKept = 64;
     if (preparedAt != generation || idle_.contains(sql)) {
@@ -184,7 +186,7 @@ void Connection::keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 prepar
     }
     sqlite3_reset(stmt);
     sqlite3_clear_bindings(stmt);
-    idle_.insert(sql, Idle{stmt, preparedAt, ++uses_, schemaVersion});
+    idle_.insert(sql, Idle{stmt, preparedAt, ++uses_, schemaVersion, std::move(notes)});
 }
 
 namespace {
@@ -308,7 +310,7 @@ Statement::Statement(Connection& connection, const QString& sql) : m_connection(
 {
     connection.requireOpen();
     m_generation = generation;
-    m_stmt = connection.takeIdle(sql, m_schemaVersion);
+    m_stmt = connection.takeIdle(sql, m_schemaVersion, m_notes);
     if (m_stmt)
         return;
     // Read before the statement is prepared, so that a change in between makes it look older, not newer.
@@ -331,6 +333,11 @@ Statement::Statement(Connection& connection, const QString& sql) : m_connection(
     }
 }
 
+int Statement::timesPreparedAgain() const
+{
+    return sqlite3_stmt_status(m_stmt, SQLITE_STMTSTATUS_REPREPARE, 0);
+}
+
 Statement::~Statement()
 {
     finalize();
@@ -343,7 +350,7 @@ void Statement::finalize()
         if (m_trailing || m_changesDefinitions)
             sqlite3_finalize(m_stmt);
         else
-            m_connection->keepIdle(m_sql, m_stmt, m_generation, m_schemaVersion);
+            m_connection->keepIdle(m_sql, m_stmt, m_generation, m_schemaVersion, std::move(m_notes));
     }
     m_stmt = nullptr;
 }

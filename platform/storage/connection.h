@@ -4,6 +4,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <any>
 #include <memory>
 
 struct sqlite3;
@@ -33,8 +34,9 @@ struct Connection {
     // cost. A statement prepared before a definition last changed is not given
     // out again, so that the columns of "select *" follow the tables; nor is
     // one that describes columns once another program changed the schema.
-    sqlite3_stmt* takeIdle(const QString& sql, int& schemaVersion);
-    void keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 generation, int schemaVersion);
+    // What a user learnt of a statement (its notes) stays with it while it is idle.
+    sqlite3_stmt* takeIdle(const QString& sql, int& schemaVersion, std::any& notes);
+    void keepIdle(const QString& sql, sqlite3_stmt* stmt, quint64 generation, int schemaVersion, std::any notes);
     // The file's schema version as this connection now reads it. SQLite's own copy of the definitions
     // is brought up to it first: it reads another program's change only as a statement runs, so that
     // one prepared before that would describe the old columns.
@@ -56,6 +58,7 @@ private:
         quint64 generation = 0;
         quint64 used = 0;
         int schemaVersion = 0;
+        std::any notes;
     };
     QHash<QString, Idle> idle_;
     sqlite3_stmt* schemaVersion_ = nullptr;
@@ -94,6 +97,11 @@ public:
     // The text that failures name, when the statement runs another text in its place.
     void showAs(const QString& sql) { m_shown = sql; }
     bool hasTrailingText() const { return m_trailing; }
+    // Whatever its user keeps of the statement for its next use: it goes back to the connection with it.
+    std::any& notes() { return m_notes; }
+    // How often SQLite has prepared the statement again as it ran (after a change of the definitions):
+    // what was learnt of its columns before holds while this stays the same.
+    int timesPreparedAgain() const;
 
     // True for a row, false when done; a failure throws the engine's error.
     bool step();
@@ -114,6 +122,7 @@ private:
     bool m_changesDefinitions = false;
     quint64 m_generation = 0;
     int m_schemaVersion = 0;
+    std::any m_notes;
 };
 
 // Runs one statement to its end.

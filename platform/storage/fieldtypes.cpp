@@ -4,6 +4,7 @@
 #include "platform/storage/errors.h"
 
 #include <QDateTime>
+#include <QHash>
 #include <QLocale>
 #include <QRegularExpression>
 
@@ -15,6 +16,19 @@ namespace hb::storage {
 namespace {
 
 const QString dateTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss");
+
+// The start of a day in local time, made once a day: the C library looks at the time zone's file again
+// each time it is asked, and a book reads its few thousand dates over and over.
+QDateTime localMidnight(QDate date)
+{
+    static QHash<qint64, QDateTime> made;
+    if (const auto found = made.constFind(date.toJulianDay()); found != made.cend())
+        return *found;
+    constexpr int MostKept = 1 << 17;
+    if (made.size() >= MostKept)
+        made.clear();
+    return *made.insert(date.toJulianDay(), QDateTime(date, QTime(0, 0)));
+}
 
 bool isNumber(const QVariant& value)
 {
@@ -237,7 +251,7 @@ QVariant fromText(std::optional<FieldType> type, const QString& text)
     if (text.size() == 10) {
         const QDate date = QDate::fromString(text, Qt::ISODate);
         if (date.isValid())
-            return QDateTime(date, QTime(0, 0));
+            return localMidnight(date);
     }
     QDateTime dateTime = QDateTime::fromString(text, dateTimeFormat);
     if (!dateTime.isValid())

@@ -63,7 +63,7 @@ void Recordset::Impl::fetch()
 
 void Recordset::Impl::followChangedColumns()
 {
-    if (columnsKey() == shapeKey)
+    if (query->timesPreparedAgain() == timesPreparedAgain)
         return;
     // Values already set were set by the old columns' places.
     if (!buffer.isEmpty())

@@ -32,6 +32,14 @@ struct RecordsetShape {
     QHash<QString, QString> writeTexts;
 };
 
+// What a query's statement was found to read, kept with the statement for its next use.
+struct ColumnNotes {
+    int timesPreparedAgain = 0;  // the statement's count when they were made
+    QByteArray shapeKey;
+    std::shared_ptr<RecordsetShape> shape;
+    bool readsTableColumns = false;
+};
+
 // The state behind a Recordset: recordsetopen.cpp prepares it, recordset.cpp
 // reads and moves, recordsetwrite.cpp writes and finds.
 class Recordset::Impl {
@@ -68,6 +76,7 @@ public:
     std::unique_ptr<Statement> query;  // until the rows are fetched
     std::shared_ptr<RecordsetShape> shape;
     QByteArray shapeKey;  // the statement's columns as the shape describes them
+    int timesPreparedAgain = 0;  // the statement's count when shape was made
     int first = 0;               // 1 when the query's column 0 is the rowid
     RowStore rows;
     QSet<int> unread;  // rows written and not read back yet
@@ -82,8 +91,11 @@ private:
     void open();
     bool prepare(const QString& sql);
     bool readsTableColumns() const;
+    const ColumnNotes* keptNotes();
+    void keepNotes(bool readsTable);
     void describeColumns();
     QByteArray columnsKey() const;
+    std::shared_ptr<RecordsetShape> shapeOfColumns(const QByteArray& key) const;
     QString columnList(const QList<int>& indexes) const;
     QString writeSql(const QList<int>& indexes) const;
     QString refreshSql(const QList<int>& indexes) const;

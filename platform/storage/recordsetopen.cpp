@@ -54,7 +54,25 @@ bool Recordset::Impl::prepare(const QString& sql)
     if (query->hasTrailingText())
         throw engineError(3142, {}, sql);
     first = source.table.isEmpty() ? 0 : 1;
-    return source.table.isEmpty() || readsTableColumns();
+    if (source.table.isEmpty())
+        return true;
+    if (const ColumnNotes* kept = keptNotes())
+        return kept->readsTableColumns;
+    const bool reads = readsTableColumns();
+    if (!reads)
+        keepNotes(false);
+    return reads;
+}
+
+const ColumnNotes* Recordset::Impl::keptNotes()
+{
+    const auto* notes = std::any_cast<ColumnNotes>(&query->notes());
+    return notes && notes->timesPreparedAgain == query->timesPreparedAgain() ? notes : nullptr;
+}
+
+void Recordset::Impl::keepNotes(bool readsTable)
+{
+    query->notes() = ColumnNotes{query->timesPreparedAgain(), shapeKey, shape, readsTable};
 }
 
 // Plain names in the select list may still come from elsewhere (a subquery).
@@ -88,16 +106,25 @@ QByteArray Recordset::Impl::columnsKey() const
 
 void Recordset::Impl::describeColumns()
 {
-    sqlite3_stmt* stmt = query->handle();
-    const int count = sqlite3_column_count(stmt);
-    const QByteArray key = columnsKey();
-    shapeKey = key;
-    static QHash<QByteArray, std::shared_ptr<RecordsetShape>> known;
-    if (const auto found = known.constFind(key); found != known.cend()) {
-        shape = *found;
+    timesPreparedAgain = query->timesPreparedAgain();
+    if (const ColumnNotes* kept = keptNotes(); kept && kept->shape) {
+        shapeKey = kept->shapeKey;
+        shape = kept->shape;
         return;
     }
-    shape = std::make_shared<RecordsetShape>();
+    shapeKey = columnsKey();
+    shape = shapeOfColumns(shapeKey);
+    keepNotes(true);
+}
+
+std::shared_ptr<RecordsetShape> Recordset::Impl::shapeOfColumns(const QByteArray& key) const
+{
+    sqlite3_stmt* stmt = query->handle();
+    const int count = sqlite3_column_count(stmt);
+    static QHash<QByteArray, std::shared_ptr<RecordsetShape>> known;
+    if (const auto found = known.constFind(key); found != known.cend())
+        return *found;
+    auto shape = std::make_shared<RecordsetShape>();
     QList<RecordsetColumn>& columns = shape->columns;
     QHash<QString, int>& byName = shape->byName;
     for (int i = first; i < count; ++i) {
@@ -123,6 +150,7 @@ void Recordset::Impl::describeColumns()
     if (known.size() >= MostKnown)
         known.clear();
     known.insert(key, shape);
+    return shape;
 }
 
 }  // namespace hb::storage
