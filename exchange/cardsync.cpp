@@ -117,15 +117,17 @@ void CardSync::Private::listed(const carddav::Changes& changes, const DavError& 
     });
 }
 
-void CardSync::Private::add(const QString& what, std::function<void()> step)
+void CardSync::Private::add(const QString& what, std::function<void()> step, bool overlaps)
 {
     // Steps without a name (the planning between the two halves, the end) are not the user's cards.
-    steps.emplace_back(what, std::move(step));
+    steps.push_back({what, std::move(step), overlaps});
     total += what.isEmpty() ? 0 : 1;
 }
 
 void CardSync::Private::next()
 {
+    --active;
+    aloneActive = false;
     QTimer::singleShot(0, &q, [this] { runNext(); });
 }
 
@@ -133,18 +135,25 @@ void CardSync::Private::runNext()
 {
     if (!running)
         return;
-    if (cancelRequested) {
-        summary.cancelled = true;
-        finish();
+    // A cancel or a failure lets the writes under way end and be written down first.
+    if (cancelRequested || !summary.error.ok()) {
+        if (active == 0)
+            finish();
         return;
     }
-    if (steps.empty())
-        return;
-    auto [what, step] = std::move(steps.front());
-    steps.pop_front();
-    if (!what.isEmpty())
-        emit q.progress(++done, total, what);
-    step();
+    while (!steps.empty() && !asking && !aloneActive && !cancelRequested && summary.error.ok()
+           && (steps.front().overlaps ? active < MostAtOnce : active == 0)) {
+        Step step = std::move(steps.front());
+        steps.pop_front();
+        ++active;
+        aloneActive = !step.overlaps;
+        if (!step.what.isEmpty())
+            emit q.progress(++done, total, step.what);
+        step.run();
+        // The window is painted and Cancel heard between two steps that write the book.
+        if (!running || !step.overlaps)
+            return;
+    }
 }
 
 void CardSync::Private::fail(const DavError& error)

@@ -166,7 +166,7 @@ void CardSync::Private::planOutgoing()
     if (deletionsAllowed) {
         for (const CardState& state : states) {
             if (!local.contains(state.record))
-                add(state.href, [this, state] { deleteThere(state); });
+                add(state.href, [this, state] { deleteThere(state); }, true);
         }
     }
     QHash<RecordKey, QString> hrefs;
@@ -175,12 +175,12 @@ void CardSync::Private::planOutgoing()
     for (const localcards::LocalCard& card : local) {
         const auto href = hrefs.constFind(card.record);
         if (href == hrefs.cend()) {
-            add(card.name, [this, record = card.record] { putNew(record); });
+            add(card.name, [this, record = card.record] { putNew(record); }, true);
             continue;
         }
         const CardState& state = states[*href];
         if (localcards::hashOf(card.bytes(state.uid)) != state.hash)
-            add(card.name, [this, href = *href] { putChanged(states.value(href)); });
+            add(card.name, [this, href = *href] { putChanged(states.value(href)); }, true);
     }
     add({}, [this] {
         // A conflict settled on a card that went out meanwhile may leave more to send.

@@ -42,7 +42,18 @@ struct CardSync::Private {
     QString token;                     // the server's, saved once the sync has ended whole
     localcards::Cards local;
     std::unique_ptr<incomingcards::BookWriter> writer;
-    std::deque<std::pair<QString, std::function<void()>>> steps;
+    // A step that overlaps others only writes to the server and then the card's own row: several of
+    // them are under way at once, as a server answers each write slowly but many writes together.
+    struct Step {
+        QString what;
+        std::function<void()> run;
+        bool overlaps = false;
+    };
+    static constexpr int MostAtOnce = 6;  // as many connections as the network layer opens to a server
+    std::deque<Step> steps;
+    int active = 0;                    // steps begun and not ended
+    bool aloneActive = false;          // a step that overlaps nothing is under way
+    bool asking = false;               // a question is open: nothing new begins meanwhile
     int done = 0;
     int total = 0;
 
@@ -54,7 +65,8 @@ struct CardSync::Private {
     // cardsync.cpp: the run
     void begin();
     void listed(const carddav::Changes& changes, const DavError& error);
-    void add(const QString& what, std::function<void()> step);
+    void add(const QString& what, std::function<void()> step, bool overlaps = false);
+    // Every step ends by calling next() once (or fail() for a failure that ends the sync).
     void next();
     void runNext();
     void fail(const DavError& error);

@@ -7,6 +7,8 @@
 #include "core/session.h"
 #include "platform/storage/transaction.h"
 
+#include <QScopeGuard>
+
 namespace hb::cardsync {
 
 namespace {
@@ -140,6 +142,8 @@ void CardSync::Private::settle(CardState state, const RemoteCard& card)
         answer = *standingAnswer;
     } else {
         bool forAll = false;
+        asking = true;
+        const auto asked = qScopeGuard([this] { asking = false; });
         answer = questions.conflict({here.name, localcards::linesOf(ours), localcards::linesOf(card.data)}, forAll);
         if (forAll)
             standingAnswer = answer;
@@ -272,11 +276,12 @@ void CardSync::Private::changedMeanwhile(CardState state, const QByteArray& ours
 void CardSync::Private::refused(const DavError& error, const QString& what)
 {
     if (endsTheSync(error.kind)) {
-        fail(error);
-        return;
+        // The sync ends once the other writes under way have answered.
+        summary.error = error;
+    } else {
+        ++summary.skipped;
+        summary.notes << what + QStringLiteral(": ") + error.text;
     }
-    ++summary.skipped;
-    summary.notes << what + QStringLiteral(": ") + error.text;
     next();
 }
 

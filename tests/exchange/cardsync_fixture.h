@@ -24,6 +24,7 @@
 #include <QTimer>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <tuple>
 
@@ -34,10 +35,14 @@ public:
     };
     void answerConflict(hb::cardsync::ConflictAnswer answer, bool forAll = false) { conflicts_.push_back({answer, forAll}); }
     void answerDeletions(bool allow) { deletions_.push_back(allow); }
+    // Runs while a conflict is asked, as the events a modal question lets through.
+    void whileAsking(std::function<void()> hook) { whileAsking_ = std::move(hook); }
 
     hb::cardsync::ConflictAnswer conflict(const hb::cardsync::Conflict& conflict, bool& forAll) override
     {
         asked << conflict;
+        if (whileAsking_)
+            whileAsking_();
         if (conflicts_.empty()) {
             ADD_FAILURE() << "unanswered conflict: " << conflict.name.toStdString();
             return hb::cardsync::ConflictAnswer::KeepThisMachines;
@@ -66,6 +71,7 @@ public:
 private:
     std::deque<std::pair<hb::cardsync::ConflictAnswer, bool>> conflicts_;
     std::deque<bool> deletions_;
+    std::function<void()> whileAsking_;
 };
 
 // Runs the event loop until the flag is set, two minutes at most. Not a nested loop of its own, which a

@@ -245,13 +245,15 @@ TEST_F(SyncKillTest, TwentyKillsEachFollowedByASyncThatEndsWithBothSidesEqual)
     EXPECT_EQ(points, 20);
 }
 
-// The same against Radicale, whose state cannot be put back: each round changes both sides anew (the
-// phone adds and changes cards, this machine adds listings and changes phones), kills the sync at a step
-// or after a write, and checks that the next sync leaves both sides equal with every record of the last
-// round and the new ones, each once.
-TEST_F(SyncKillTest, TwentyKillsAgainstRadicale)
+// The same against each real server, whose state cannot be put back: each round changes both sides anew
+// (the phone adds and changes cards, this machine adds listings and changes phones), kills the sync at a
+// step or after a write, and checks that the next sync leaves both sides equal with every record of the
+// last round and the new ones, each once.
+class SyncKillServerTest : public SyncKillTest, public ::testing::WithParamInterface<DavServer::Kind> {};
+
+TEST_P(SyncKillServerTest, TwentyKillsAgainstARealServer)
 {
-    DavServer server(DavServer::Kind::Radicale);
+    DavServer server(GetParam());
     ASSERT_TRUE(server.start()) << server.error().toStdString();
     DavPhone phone(server);
     extra = {{QStringLiteral("HB_SYNC_HOST"), server.hostPort()}, {QStringLiteral("HB_SYNC_BOOK"), server.bookUrl()},
@@ -297,3 +299,6 @@ TEST_F(SyncKillTest, TwentyKillsAgainstRadicale)
     }
     EXPECT_GE(kills, 15) << "the sync was killed in most rounds";
 }
+
+INSTANTIATE_TEST_SUITE_P(EachServer, SyncKillServerTest, ::testing::Values(DavServer::Kind::Radicale, DavServer::Kind::Xandikos),
+                         [](const auto& info) { return DavServer::nameOf(info.param); });

@@ -250,9 +250,7 @@ TEST_P(CardDavServerTest, NoAnswerComesAfterCancel)
 
 INSTANTIATE_TEST_SUITE_P(Servers, CardDavServerTest,
                          ::testing::Values(DavServer::Kind::Radicale, DavServer::Kind::Xandikos),
-                         [](const auto& info) {
-                             return info.param == DavServer::Kind::Radicale ? "Radicale" : "Xandikos";
-                         });
+                         [](const auto& info) { return DavServer::nameOf(info.param); });
 
 class RadicaleAccountTest : public ::testing::Test {
 protected:

@@ -102,6 +102,11 @@ void DavServer::stop()
 {
     if (process_.state() == QProcess::NotRunning)
         return;
+    // Ended as a service is stopped: a server killed in the middle of a write may leave its own storage
+    // locked (Xandikos' git repository), which is no fault of a client.
+    process_.terminate();
+    if (process_.waitForFinished(5000))
+        return;
     process_.kill();
     process_.waitForFinished(10000);
 }

@@ -13,6 +13,9 @@ class DavServer {
 public:
     enum class Kind { Radicale, Xandikos, PlainWeb };
 
+    // The server's name, as a test parameter names it.
+    static const char* nameOf(Kind kind) { return kind == Kind::Radicale ? "Radicale" : kind == Kind::Xandikos ? "Xandikos" : "PlainWeb"; }
+
     explicit DavServer(Kind kind);
     ~DavServer();
     DavServer(const DavServer&) = delete;
@@ -22,6 +25,7 @@ public:
     void useTls() { tls_ = true; }
     // False when the server did not come up; error() says why.
     bool start();
+    // Stops it as its service would be stopped, then kills it if it lingers.
     void stop();
 
     Kind kind() const { return kind_; }

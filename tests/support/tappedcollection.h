@@ -2,10 +2,12 @@
 
 // A collection of cards with the test's hands on its requests, over any other (a folder or a real
 // server): a phone that is quicker just before a write lands, a look at each request as it goes, and a
-// process killed (SIGKILL) right after a chosen write has landed, before its answer is read.
+// process killed (SIGKILL) right after a chosen write has landed, before its answer is read; and a count of
+// the writes under way at once.
 
 #include "platform/carddav/cardcollection.h"
 
+#include <algorithm>
 #include <csignal>
 #include <functional>
 
@@ -18,6 +20,8 @@ public:
     void onRequest(std::function<void(int request)> hook) { onRequest_ = std::move(hook); }
     void killAfterWrite(int write) { killAfterWrite_ = write; }
     int writes() const { return writes_; }
+    int writesBegun() const { return begun_; }
+    int mostWritesAtOnce() const { return mostAtOnce_; }
 
     void changesSince(const QString& token, std::function<void(hb::carddav::Changes, hb::carddav::DavError)> done) override
     {
@@ -58,6 +62,8 @@ private:
     void write(const QString& href)
     {
         request();
+        ++begun_;
+        mostAtOnce_ = std::max(mostAtOnce_, begun_ - writes_);
         if (beforeWrite_)
             beforeWrite_(href);
     }
@@ -72,5 +78,7 @@ private:
     std::function<void(int)> onRequest_;
     int requests_ = 0;
     int writes_ = 0;
+    int begun_ = 0;
+    int mostAtOnce_ = 0;
     int killAfterWrite_ = -1;
 };
