@@ -25,6 +25,8 @@ optional+=(glabels-data)
 optional+=(python3-icalendar)
 # The other sync tool the benchmark of the address book server measures beside the program's own.
 optional+=(vdirsyncer)
+# The label program the benchmark of the largest label run measures beside the program's own.
+optional+=(glabels)
 
 missing_of() {
   for p in "$@"; do
