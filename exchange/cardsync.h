@@ -52,7 +52,8 @@ public:
     ~CardSync() override;
 
     void start();
-    // Stops after the card at hand; what was done stays, the next sync goes on from there.
+    // Stops once the cards on their way have been answered; what was done stays, the next sync goes on
+    // from there.
     void cancel();
 
 signals:

@@ -165,7 +165,7 @@ void FormSyncProgress::CommandCancel_Click()
 {
     CommandCancel->setEnabled(false);
     if (sync_) {
-        LabelStatus->setText(QStringLiteral("Stopping after the card at hand..."));
+        LabelStatus->setText(QStringLiteral("Stopping once the cards on their way are answered..."));
         sync_->cancel();
     } else {
         end(cancelled());
