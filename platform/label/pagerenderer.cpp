@@ -3,9 +3,12 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <vector>
 
 namespace hb::label {
 
@@ -22,25 +25,52 @@ QFont sizedFont(const QFont& font, double points)
     return f;
 }
 
-QSizeF measure(const QStringList& lines, const QFont& font)
-{
-    const QFontMetricsF m(font);
-    double width = 0;
-    for (const QString& line : lines)
-        width = std::max(width, m.horizontalAdvance(line));
-    return {width / Unit, lines.size() * m.lineSpacing() / Unit};
-}
+// Lines laid out at one size: measured, and drawn from the same shaping, since shaping text is most of
+// the time of a printout of tens of thousands of pieces.
+class ShapedLines {
+public:
+    ShapedLines(const QStringList& lines, const QFont& font) : spacing_(QFontMetricsF(font).lineSpacing())
+    {
+        QTextOption oneLine;
+        oneLine.setWrapMode(QTextOption::NoWrap);
+        layouts_.reserve(size_t(lines.size()));
+        for (const QString& text : lines) {
+            auto& layout = *layouts_.emplace_back(std::make_unique<QTextLayout>(text, font));
+            layout.setTextOption(oneLine);
+            layout.setCacheEnabled(true);
+            layout.beginLayout();
+            const QTextLine line = layout.createLine();
+            layout.endLayout();
+            width_ = std::max(width_, line.horizontalAdvance());
+        }
+    }
+
+    // In points.
+    QSizeF size() const { return {width_ / Unit, double(layouts_.size()) * spacing_ / Unit}; }
+
+    // At the painter's origin, in its units of a tenth of a point.
+    void draw(QPainter& painter) const
+    {
+        for (size_t i = 0; i < layouts_.size(); ++i)
+            layouts_[i]->draw(&painter, QPointF(0, double(i) * spacing_));
+    }
+
+private:
+    std::vector<std::unique_ptr<QTextLayout>> layouts_;
+    double spacing_ = 0;
+    double width_ = 0;
+};
 
 double basePoints(const QFont& font) { return font.pointSizeF() > 0 ? font.pointSizeF() : 10.0; }
 
-// The fitted size, and the size of the block of lines at it: text is shaped once to be measured and once
-// to be drawn, which on tens of thousands of pieces is most of the time of a printout.
-double fit(const QStringList& lines, const QFont& font, double width, double height, QSizeF& block)
+// The fitted size, and the lines shaped at it.
+double fit(const QStringList& lines, const QFont& font, double width, double height, std::unique_ptr<ShapedLines>& shaped)
 {
     const double base = basePoints(font);
     double size = base;
     for (int round = 0; round < 4; ++round) {
-        block = measure(lines, sizedFont(font, size));
+        shaped = std::make_unique<ShapedLines>(lines, sizedFont(font, size));
+        const QSizeF block = shaped->size();
         if (block.width() <= width && block.height() <= height)
             return size;
         const double factor = std::min(width / std::max(block.width(), 0.01), height / std::max(block.height(), 0.01));
@@ -50,7 +80,7 @@ double fit(const QStringList& lines, const QFont& font, double width, double hei
             break;
         }
     }
-    block = measure(lines, sizedFont(font, size));
+    shaped = std::make_unique<ShapedLines>(lines, sizedFont(font, size));
     return size;
 }
 
@@ -67,8 +97,9 @@ void paintText(QPainter& painter, const QRectF& box, const QString& text, const 
     const QStringList lines = printedLines(text);
     if (lines.isEmpty() || box.width() <= 0 || box.height() <= 0)
         return;
-    QSizeF block;
-    const QFont f = sizedFont(font, fit(lines, font, box.width(), box.height(), block));
+    std::unique_ptr<ShapedLines> shaped;
+    fit(lines, font, box.width(), box.height(), shaped);
+    const QSizeF block = shaped->size();
     // The block stands in the middle of its box, its lines flush left; what still does not fit is cut
     // at the box's edges.
     const double left = box.left() + (centred ? std::max(0.0, (box.width() - block.width()) / 2) : 0.0);
@@ -77,10 +108,7 @@ void paintText(QPainter& painter, const QRectF& box, const QString& text, const 
     painter.setClipRect(box, Qt::IntersectClip);
     painter.translate(left, top);
     painter.scale(1 / Unit, 1 / Unit);
-    painter.setFont(f);
-    const QFontMetricsF m(f);
-    for (int i = 0; i < lines.size(); ++i)
-        painter.drawText(QPointF(0, i * m.lineSpacing() + m.ascent()), lines[i]);
+    shaped->draw(painter);
     painter.restore();
 }
 
@@ -161,8 +189,9 @@ PieceFit pieceFit(const Sheet& sheet, const PieceItems& items, const QString& da
         const QRectF box = itemBox(sheet, piece, item.box);
         if (lines.isEmpty() || box.width() <= 0 || box.height() <= 0)
             continue;
-        QSizeF block;
-        const double size = fit(lines, item.font, box.width(), box.height(), block);
+        std::unique_ptr<ShapedLines> shaped;
+        const double size = fit(lines, item.font, box.width(), box.height(), shaped);
+        const QSizeF block = shaped->size();
         if (block.width() > box.width() || block.height() > box.height())
             return PieceFit::Cut;
         if (size < basePoints(item.font))
@@ -173,8 +202,8 @@ PieceFit pieceFit(const Sheet& sheet, const PieceItems& items, const QString& da
 
 double fittedPointSize(const QStringList& lines, const QFont& font, double width, double height)
 {
-    QSizeF block;
-    return fit(lines, font, width, height, block);
+    std::unique_ptr<ShapedLines> shaped;
+    return fit(lines, font, width, height, shaped);
 }
 
 void paintPage(QPainter& painter, const PageContent& c)
