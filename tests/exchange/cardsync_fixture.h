@@ -7,6 +7,7 @@
 #include "davanswers.h"
 #include "davserver.h"
 #include "foldercollection.h"
+#include "syncrun.h"
 #include "tappedcollection.h"
 #include "programfixture.h"
 #include "testdata.h"
@@ -73,18 +74,6 @@ private:
     std::deque<bool> deletions_;
     std::function<void()> whileAsking_;
 };
-
-// Runs the event loop until the flag is set, two minutes at most. Not a nested loop of its own, which a
-// window test before may have told to quit, nor QTest::qWaitFor, which sleeps between events.
-inline bool waitUntil(const bool& flag)
-{
-    QDeadlineTimer deadline(120000);
-    QTimer wake;
-    wake.start(200);
-    while (!flag && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    return flag;
-}
 
 // Listings of the types 1, 2 and 3 in turn, each with none, one or two individuals.
 inline void fillBook(int listings, int from = 1)
@@ -239,22 +228,15 @@ protected:
     // A whole sync on the event loop; cancelAt: the progress step at which the user clicks Cancel.
     hb::cardsync::SyncSummary sync(hb::carddav::CardCollection& on, int cancelAt = -1)
     {
-        hb::cardsync::CardSync engine(on, hb::cardsync::serverSettings(), questions);
-        hb::cardsync::SyncSummary summary;
-        bool ended = false;
-        QObject::connect(&engine, &hb::cardsync::CardSync::finished, [&](const hb::cardsync::SyncSummary& s) {
-            summary = s;
-            ended = true;
-        });
-        QObject::connect(&engine, &hb::cardsync::CardSync::progress, [&](int done, int total, const QString&) {
-            lastProgress = {done, total};
-            if (done == cancelAt)
-                engine.cancel();
-        });
         lastProgress = {0, 0};
-        engine.start();
-        EXPECT_TRUE(waitUntil(ended)) << "the sync did not end";
-        return summary;
+        const std::optional<hb::cardsync::SyncSummary> summary =
+            runSync(on, questions, [&](hb::cardsync::CardSync& engine, int done, int total) {
+                lastProgress = {done, total};
+                if (done == cancelAt)
+                    engine.cancel();
+            });
+        EXPECT_TRUE(summary) << "the sync did not end";
+        return summary.value_or(hb::cardsync::SyncSummary());
     }
     hb::cardsync::SyncSummary sync() { return sync(*remote); }
 

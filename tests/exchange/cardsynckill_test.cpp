@@ -29,27 +29,19 @@ const char* const EqualMark = "HB-SIDES-EQUAL";
 QString env(const char* name) { return qEnvironmentVariable(name); }
 
 // A sync as the user runs it, every conflict kept as this machine has it.
-cardsync::SyncSummary runSync(carddav::CardCollection& remote, int killAtStep)
+cardsync::SyncSummary syncKilledAt(carddav::CardCollection& remote, int killAtStep)
 {
     ScriptedQuestions questions;
     questions.answerConflict(cardsync::ConflictAnswer::KeepThisMachines, true);
     questions.answerDeletions(true);
-    cardsync::CardSync engine(remote, cardsync::serverSettings(), questions);
-    cardsync::SyncSummary summary;
-    bool ended = false;
-    QObject::connect(&engine, &cardsync::CardSync::finished, [&](const cardsync::SyncSummary& s) {
-        summary = s;
-        ended = true;
-    });
-    QObject::connect(&engine, &cardsync::CardSync::progress, [&](int done, int total, const QString&) {
+    const std::optional<cardsync::SyncSummary> summary = runSync(remote, questions, [&](cardsync::CardSync&, int done, int total) {
         std::printf("HB-STEPS %d\n", total);
         if (done == killAtStep)
             std::raise(SIGKILL);
     });
-    engine.start();
-    if (!waitUntil(ended))
+    if (!summary)
         std::printf("the sync did not end\n");
-    return summary;
+    return summary.value_or(cardsync::SyncSummary());
 }
 
 // Both sides changed since the first sync: new, changed and deleted records here and cards there.
@@ -60,7 +52,7 @@ void prepare(FolderCollection& remote)
     settings.types = {1, 2};
     cardsync::saveServerSettings(settings);
     fillBook(200);
-    runSync(remote, -1);
+    syncKilledAt(remote, -1);
     fillBook(10, 300);
     DB.execute(QStringLiteral("update Roof set Phone = '555-4242' where RoofNumber between 20 and 40"));
     DB.execute(QStringLiteral("delete from Roof where RoofNumber in (4, 9)"));
@@ -108,9 +100,9 @@ void changeHere(int round)
 
 void check(carddav::CardCollection& remote)
 {
-    const cardsync::SyncSummary summary = runSync(remote, -1);
+    const cardsync::SyncSummary summary = syncKilledAt(remote, -1);
     const QString differ = sidesDiffer(cardsOn(remote));
-    const cardsync::SyncSummary again = runSync(remote, -1);
+    const cardsync::SyncSummary again = syncKilledAt(remote, -1);
     const int more = again.cameIn + again.wentOut + again.deletedHere + again.deletedThere + again.skipped;
     if (summary.error.ok() && differ.isEmpty() && more == 0)
         std::printf("%s\n", EqualMark);
@@ -146,13 +138,13 @@ TEST(SyncKillChild, DISABLED_SyncsAsItsEnvironmentSays)
         settings.types = {1, 2};
         cardsync::saveServerSettings(settings);
         fillBook(100);
-        runSync(*remote, -1);
+        syncKilledAt(*remote, -1);
     } else if (job == QLatin1String("sync")) {
         if (!env("HB_SYNC_ROUND").isEmpty())
             changeHere(env("HB_SYNC_ROUND").toInt());
         TappedCollection tapped(*remote);
         tapped.killAfterWrite(env("HB_SYNC_KILL_WRITE").isEmpty() ? -1 : env("HB_SYNC_KILL_WRITE").toInt());
-        runSync(tapped, env("HB_SYNC_KILL_STEP").isEmpty() ? -1 : env("HB_SYNC_KILL_STEP").toInt());
+        syncKilledAt(tapped, env("HB_SYNC_KILL_STEP").isEmpty() ? -1 : env("HB_SYNC_KILL_STEP").toInt());
         std::printf("HB-WRITES %d\n", tapped.writes());
     } else {
         check(*remote);
